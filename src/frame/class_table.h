@@ -1,0 +1,176 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <vector>
+
+#include "frame/method_frame.h"
+#include "frame/name_index.h"
+
+// The class table: each class describes itself once, in a specialisation of `ClassTable` with one row a
+// member. Everything that a caller can see of the class is derived from these rows.
+namespace tovera {
+
+struct ParameterDescription {
+    std::string_view name;  ///< UTF-8, as all names and help strings here
+    Type type = Type::None;
+    Mode mode = Mode::ByValue;
+};
+
+/// One member: types and modes come out of the signature of its function.
+template <auto Function, CallKind Kind>
+struct Row {
+    using S = Signature<decltype(Function)>;
+    static constexpr auto function = Function;
+    static constexpr CallKind kind = Kind;
+    static constexpr std::size_t parameterCount = std::tuple_size_v<typename S::ParameterList>;
+
+    std::string_view name;
+    std::string_view help;
+    std::array<std::string_view, parameterCount> parameterNames;
+
+    constexpr auto parameters() const {
+        return [this]<std::size_t... I>(std::index_sequence<I...>) {
+            return std::array<ParameterDescription, parameterCount>{describe<I>()...};
+        }
+        (std::make_index_sequence<parameterCount>());
+    }
+
+  private:
+    template <std::size_t I>
+    constexpr ParameterDescription describe() const {
+        using Traits = ParameterTraits<std::tuple_element_t<I, typename S::ParameterList>>;
+        static_assert(typeOf<typename Traits::Value> != Type::None,
+                      "a parameter type that Automation has not");
+        return {parameterNames[I], typeOf<typename Traits::Value>, Traits::mode};
+    }
+};
+
+template <auto Function, class... Names>
+constexpr auto method(std::string_view name, std::string_view help, Names... parameterNames) {
+    return Row<Function, CallKind::Method>{name, help, {parameterNames...}};
+}
+template <auto Function>
+constexpr auto propertyRead(std::string_view name, std::string_view help = {}) {
+    return Row<Function, CallKind::Read>{name, help, {}};
+}
+template <auto Function>
+constexpr auto propertyWrite(std::string_view name, std::string_view valueName, std::string_view help = {}) {
+    return Row<Function, CallKind::Write>{name, help, {valueName}};
+}
+template <auto Function>
+constexpr auto propertyAssign(std::string_view name, std::string_view valueName, std::string_view help = {}) {
+    return Row<Function, CallKind::AssignReference>{name, help, {valueName}};
+}
+
+/// Specialised for each class: `name`, `help`, and `members`, a tuple of rows in slot order.
+template <class C>
+struct ClassTable;
+
+/// A call by name, with the class and member already found.
+using Invoker = ReturnCode (*)(Object& self, void* instance, Services& services, std::span<Variant> arguments,
+                               Variant& result, ErrorRecord& failure) noexcept;
+
+struct MemberDescription {
+    std::string_view name;
+    std::string_view help;
+    CallKind kind = CallKind::Method;
+    MemberId id = 0;
+    Type result = Type::None;
+    std::span<const ParameterDescription> parameters;
+    Invoker invoke = nullptr;
+};
+
+struct ClassDescription {
+    std::string_view name;
+    std::string_view help;
+    std::string progId;
+    std::vector<MemberDescription> members;  ///< in slot order
+    NameIndex names;                         ///< of a member's name, the index of its first slot
+};
+
+inline constexpr std::string_view libraryName = "KADRELDLL";
+
+/// Dispatch identifiers: the base of the member's kind plus the index of its first slot.
+inline constexpr MemberId firstMethodId = 0x60030000;
+inline constexpr MemberId firstPropertyId = 0x68030000;
+
+namespace detail {
+
+template <auto Function, class... Parameters>
+ReturnCode invokeByName(std::tuple<Parameters...>*, Object& self, void* instance, Services& services,
+                        std::span<Variant> arguments, Variant& result, ErrorRecord& failure) noexcept {
+    using S = Signature<decltype(Function)>;
+    const auto call = [&]<std::size_t... I>(std::index_sequence<I...>) {
+        const Conversions convert(services);
+        [[maybe_unused]] const auto at = [&](std::size_t i) {
+            return i < arguments.size() ? &arguments[i] : nullptr;
+        };
+        return [&](Argument<Parameters>... bound) {
+            typename S::Value value{};
+            const auto code = runMember<Function>(self, *static_cast<typename S::Class*>(instance), value,
+                                                  failure, bound.pass()...);
+            (bound.writeBack(convert), ...);
+            if constexpr (!std::is_same_v<typename S::Value, NoResult>) result = Variant(std::move(value));
+            return code;
+        }(Argument<Parameters>(at(I), convert)...);
+    };
+    try {
+        if (arguments.size() > sizeof...(Parameters)) raise(ErrorNumber::WrongArgumentCount);
+        return call(std::index_sequence_for<Parameters...>());
+    } catch (...) {
+        failure = recordOfCurrentException();
+        return failure.code;
+    }
+}
+
+template <auto Function>
+ReturnCode invoker(Object& self, void* instance, Services& services, std::span<Variant> arguments,
+                   Variant& result, ErrorRecord& failure) noexcept {
+    constexpr typename Signature<decltype(Function)>::ParameterList* parameters = nullptr;
+    return invokeByName<Function>(parameters, self, instance, services, arguments, result, failure);
+}
+
+template <class C, std::size_t I>
+inline constexpr auto parametersOf = std::get<I>(ClassTable<C>::members).parameters();
+
+template <class C, std::size_t I>
+MemberDescription describeMember() {
+    constexpr auto& row = std::get<I>(ClassTable<C>::members);
+    using R = std::remove_cvref_t<decltype(row)>;
+    MemberDescription member;
+    member.name = row.name;
+    member.help = row.help;
+    member.kind = R::kind;
+    member.result = typeOf<typename R::S::Value>;
+    member.parameters = parametersOf<C, I>;
+    member.invoke = &invoker<R::function>;
+    return member;
+}
+
+/// Gives the members their identifiers, which the slots of one property share, and indexes their names.
+void complete(ClassDescription& description);
+
+}  // namespace detail
+
+/// The description of a class, made at its first use.
+template <class C>
+const ClassDescription& describe() {
+    static const ClassDescription description = [] {
+        ClassDescription made;
+        made.name = ClassTable<C>::name;
+        made.help = ClassTable<C>::help;
+        constexpr auto count = std::tuple_size_v<decltype(ClassTable<C>::members)>;
+        [&]<std::size_t... I>(std::index_sequence<I...>) {
+            made.members = {detail::describeMember<C, I>()...};
+        }
+        (std::make_index_sequence<count>());
+        detail::complete(made);
+        return made;
+    }();
+    return description;
+}
+
+}  // namespace tovera

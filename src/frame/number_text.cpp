@@ -1,0 +1,158 @@
+#include "frame/number_text.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "frame/bstr.h"
+#include "frame/error.h"
+
+namespace tovera {
+namespace {
+
+constexpr bool isDigit(char16_t c) {
+    return c >= u'0' && c <= u'9';
+}
+
+template <class T>
+std::u16string significantDigits(T value, int digits, char16_t decimalSeparator) {
+    std::array<char, 32> buffer{};
+    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                            std::chars_format::general, digits);
+    std::u16string text(buffer.data(), end);
+    for (auto& c : text) {
+        if (c == u'e') c = u'E';
+        if (c == u'.') c = decimalSeparator;
+    }
+    return text == u"-0" ? u"0" : text;
+}
+
+/// Reads a number's characters one by one into the form that `std::from_chars` takes.
+class NumberReader {
+  public:
+    explicit NumberReader(std::u16string_view text) : rest_(text) {}
+
+    void skipBlanks() {
+        while (!rest_.empty() && rest_.front() == u' ') rest_.remove_prefix(1);
+    }
+
+    void readSign() {
+        if (starts(u'+') || starts(u'-')) {
+            negative_ = rest_.front() == u'-';
+            rest_.remove_prefix(1);
+        }
+    }
+
+    /// Digits, and separators between them when one is given. True when there was a digit.
+    bool readDigits(char16_t separator = u'\0') {
+        bool any = false;
+        while (!rest_.empty()) {
+            if (isDigit(rest_.front())) {
+                taken_ += static_cast<char>(rest_.front());
+                any = true;
+            } else if (!any || separator == u'\0' || rest_.front() != separator) {
+                break;
+            }
+            rest_.remove_prefix(1);
+        }
+        return any;
+    }
+
+    /// Whole digits and decimals; true when there was a digit on either side.
+    bool readMantissa(char16_t decimalSeparator, char16_t thousandsSeparator) {
+        const bool whole = readDigits(thousandsSeparator);
+        if (!starts(decimalSeparator)) return whole;
+        rest_.remove_prefix(1);
+        taken_ += '.';
+        return readDigits() || whole;
+    }
+
+    /// An exponent; left unread when no digit follows its letter and sign.
+    void readExponent() {
+        if (!starts(u'E') && !starts(u'e')) return;
+        const auto before = *this;
+        rest_.remove_prefix(1);
+        taken_ += 'e';
+        if (starts(u'-')) taken_ += '-';
+        if (starts(u'+') || starts(u'-')) rest_.remove_prefix(1);
+        if (!readDigits()) *this = before;
+    }
+
+    bool atEnd() const { return rest_.empty(); }
+
+    /// The number read, infinite when it lies beyond the range of `R8`.
+    R8 value() const {
+        R8 number = 0;
+        const auto [end, error] = std::from_chars(taken_.data(), taken_.data() + taken_.size(), number);
+        if (error == std::errc::result_out_of_range) number = outOfRange();
+        return negative_ ? -number : number;
+    }
+
+  private:
+    bool starts(char16_t c) const { return !rest_.empty() && rest_.front() == c; }
+
+    /// A number out of range has a magnitude too small to be told from 0 when it has a negative exponent or
+    /// only zeros before the point.
+    R8 outOfRange() const {
+        const auto exponent = taken_.find('e');
+        const bool small = exponent != std::string::npos ? taken_.find('-', exponent) != std::string::npos
+                                                         : taken_.find_first_not_of("0.") > taken_.find('.');
+        return small ? 0 : std::numeric_limits<R8>::infinity();
+    }
+
+    std::u16string_view rest_;
+    std::string taken_;
+    bool negative_ = false;
+};
+
+std::optional<R8> hexadecimal(std::u16string_view text) {
+    if (text.size() < 3 || text.size() > 10 || text[0] != u'&' || (text[1] | 0x20) != u'h') return {};
+    const std::string digits(text.begin() + 2, text.end());
+    std::uint32_t bits = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), bits, 16);
+    if (error != std::errc{} || end != digits.data() + digits.size()) return {};
+    return digits.size() <= 4 ? static_cast<I2>(bits) : static_cast<I4>(bits);
+}
+
+}  // namespace
+
+std::u16string numberToText(R8 value, char16_t decimalSeparator) {
+    return significantDigits(value, 15, decimalSeparator);
+}
+
+std::u16string numberToText(R4 value, char16_t decimalSeparator) {
+    return significantDigits(value, 7, decimalSeparator);
+}
+
+std::u16string numberToText(I4 value) {
+    std::array<char, 12> buffer{};
+    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    return {buffer.data(), end};
+}
+
+R8 prefixNumber(std::u16string_view text) {
+    NumberReader reader(text);
+    reader.skipBlanks();
+    reader.readSign();
+    if (!reader.readMantissa(u'.', u'\0')) return 0;
+    reader.readExponent();
+    constexpr auto largest = std::numeric_limits<R8>::max();
+    return std::fmax(-largest, std::fmin(largest, reader.value()));
+}
+
+std::optional<R8> wholeNumber(std::u16string_view text, const RegionalSettings& regional) {
+    text = trimBlanks(text);
+    if (const auto bits = hexadecimal(text)) return bits;
+    NumberReader reader(text);
+    reader.readSign();
+    reader.skipBlanks();
+    if (!reader.readMantissa(regional.decimalSeparator, regional.thousandsSeparator)) return {};
+    reader.readExponent();
+    if (!reader.atEnd()) return {};
+    const R8 value = reader.value();
+    if (std::isinf(value)) raise(ErrorNumber::Overflow);
+    return value;
+}
+
+}  // namespace tovera

@@ -1,0 +1,153 @@
+#pragma once
+
+#include "frame/conversions.h"
+#include "frame/object.h"
+
+// How a member's parameters are declared, and how the arguments of a call by name are bound to them.
+//
+//   T          by value: the member gets its own copy
+//   T&         by reference: what the member stores stays in the caller's variable
+//   const T&   by reference, and only read
+//   Optional<T>  by reference, and may be left out: it then reads as empty or False
+namespace tovera {
+
+template <class T>
+class Optional {
+  public:
+    Optional() = default;
+    Optional(T& variable) : variable_(&variable) {}
+
+    bool isGiven() const { return variable_ != nullptr; }
+    T& operator*() { return variable_ ? *variable_ : own_; }
+    T* operator->() { return &**this; }
+
+  private:
+    T* variable_ = nullptr;
+    T own_{};
+};
+
+/// Types of the published interface.
+enum class Type { None, Bstr, Variant, VariantBool, Date, I2, I4, R4, R8, UI1, StringArray, Object };
+enum class Mode { ByValue, ByReference, Optional };
+
+// clang-format off
+template <class T> inline constexpr Type typeOf = Type::None;
+template <> inline constexpr Type typeOf<Bstr> = Type::Bstr;
+template <> inline constexpr Type typeOf<Variant> = Type::Variant;
+template <> inline constexpr Type typeOf<VariantBool> = Type::VariantBool;
+template <> inline constexpr Type typeOf<Date> = Type::Date;
+template <> inline constexpr Type typeOf<I2> = Type::I2;
+template <> inline constexpr Type typeOf<I4> = Type::I4;
+template <> inline constexpr Type typeOf<R4> = Type::R4;
+template <> inline constexpr Type typeOf<R8> = Type::R8;
+template <> inline constexpr Type typeOf<UI1> = Type::UI1;
+template <> inline constexpr Type typeOf<StringArray> = Type::StringArray;
+template <> inline constexpr Type typeOf<ObjectRef> = Type::Object;
+// clang-format on
+
+/// The value type and mode of a declared parameter.
+template <class T>
+struct ParameterTraits {
+    using Value = T;
+    static constexpr Mode mode = Mode::ByValue;
+};
+template <class T>
+struct ParameterTraits<T&> {
+    using Value = std::remove_const_t<T>;
+    static constexpr Mode mode = Mode::ByReference;
+};
+template <class T>
+struct ParameterTraits<Optional<T>> {
+    using Value = T;
+    static constexpr Mode mode = Mode::Optional;
+};
+
+/// A caller's variable seen as a variable of another type: the variable itself when it is of that type or
+/// refers to one, else a converted copy, which goes back to the variable when the member has changed it.
+template <class T>
+class Bound {
+  public:
+    Bound(Variant& argument, const Conversions& convert) : argument_(endOfReferences(argument)) {
+        const auto* reference = argument_.template as<Reference>();
+        if constexpr (std::is_same_v<T, Variant>) {
+            if (!reference) {
+                variable_ = &argument_;
+                return;
+            }
+            copy_ = before_ = dereferenced(argument_);
+        } else {
+            variable_ = argument_.template as<T>();
+            if (reference) {
+                if (auto* const* same = std::get_if<T*>(reference)) variable_ = *same;
+            }
+            if (!variable_) copy_ = before_ = convert.to<T>(argument_);
+        }
+    }
+
+    T& variable() { return variable_ ? *variable_ : copy_; }
+
+    void writeBack(const Conversions& convert) {
+        if (variable_ || copy_ == before_) return;
+        convert.store(Reference(&argument_), Variant(std::move(copy_)));
+    }
+
+  private:
+    Variant& argument_;
+    T* variable_ = nullptr;
+    T copy_{};
+    T before_{};
+};
+
+inline Variant& required(Variant* argument) {
+    if (!argument || argument->isMissing()) raise(ErrorNumber::ArgumentNotOptional);
+    return *argument;
+}
+
+/// The binding of one argument to a declared parameter; a null address stands for an argument left out.
+template <class Parameter>
+class Argument {
+  public:
+    Argument(Variant* argument, const Conversions& convert) : value_(valueOf(required(argument), convert)) {}
+    Parameter pass() { return std::move(value_); }
+    void writeBack(const Conversions&) {}
+
+  private:
+    static Parameter valueOf(const Variant& argument, const Conversions& convert) {
+        if constexpr (std::is_same_v<Parameter, Variant>) {
+            return dereferenced(argument);
+        } else {
+            return convert.to<Parameter>(argument);
+        }
+    }
+    Parameter value_;
+};
+
+template <class T>
+class Argument<T&> {
+  public:
+    Argument(Variant* argument, const Conversions& convert) : bound_(required(argument), convert) {}
+    T& pass() { return bound_.variable(); }
+    void writeBack(const Conversions& convert) {
+        if constexpr (!std::is_const_v<T>) bound_.writeBack(convert);
+    }
+
+  private:
+    Bound<std::remove_const_t<T>> bound_;
+};
+
+template <class T>
+class Argument<Optional<T>> {
+  public:
+    Argument(Variant* argument, const Conversions& convert) {
+        if (argument && !argument->isMissing()) bound_.emplace(*argument, convert);
+    }
+    Optional<T> pass() { return bound_ ? Optional<T>(bound_->variable()) : Optional<T>(); }
+    void writeBack(const Conversions& convert) {
+        if (bound_) bound_->writeBack(convert);
+    }
+
+  private:
+    std::optional<Bound<T>> bound_;
+};
+
+}  // namespace tovera

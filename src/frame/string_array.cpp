@@ -1,0 +1,72 @@
+#include "frame/string_array.h"
+
+#include "frame/error.h"
+
+namespace tovera {
+namespace {
+
+std::size_t countBetween(I4 lower, I4 upper) {
+    const auto count = std::int64_t{upper} - lower + 1;
+    if (count < 0) raise(ErrorNumber::SubscriptOutOfRange);
+    return static_cast<std::size_t>(count);
+}
+
+}  // namespace
+
+StringArray StringArray::withBounds(I4 lower, I4 upper) {
+    StringArray array;
+    array.redim(lower, upper);
+    return array;
+}
+
+StringArray StringArray::of(std::vector<Bstr> elements, I4 lower) {
+    StringArray array;
+    array.elements_ = std::move(elements);
+    array.lower_ = lower;
+    array.dimensioned_ = true;
+    return array;
+}
+
+StringArray StringArray::fixed() && {
+    fixed_ = true;
+    return std::move(*this);
+}
+
+I4 StringArray::lowerBound() const {
+    if (!dimensioned_) raise(ErrorNumber::SubscriptOutOfRange);
+    return lower_;
+}
+
+I4 StringArray::upperBound() const {
+    return lowerBound() + static_cast<I4>(elements_.size()) - 1;
+}
+
+Bstr& StringArray::at(I4 index) {
+    return const_cast<Bstr&>(std::as_const(*this).at(index));
+}
+
+const Bstr& StringArray::at(I4 index) const {
+    if (!dimensioned_ || index < lowerBound() || index > upperBound())
+        raise(ErrorNumber::SubscriptOutOfRange);
+    return elements_[static_cast<std::size_t>(index - lower_)];
+}
+
+void StringArray::redim(I4 lower, I4 upper) {
+    refuseWhenFixed();
+    elements_.assign(countBetween(lower, upper), Bstr{});
+    lower_ = lower;
+    dimensioned_ = true;
+}
+
+void StringArray::redimPreserve(I4 lower, I4 upper) {
+    refuseWhenFixed();
+    elements_.resize(countBetween(lower, upper));
+    lower_ = lower;
+    dimensioned_ = true;
+}
+
+void StringArray::refuseWhenFixed() const {
+    if (fixed_) raise(ErrorNumber::ArrayFixed);
+}
+
+}  // namespace tovera

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <concepts>
+#include <variant>
+
+#include "frame/bstr.h"
+#include "frame/object_ref.h"
+#include "frame/string_array.h"
+#include "frame/values.h"
+
+namespace tovera {
+
+class Variant;
+
+/// No value yet.
+struct Empty {
+    friend constexpr bool operator==(Empty, Empty) = default;
+};
+
+/// No valid value.
+struct Null {
+    friend constexpr bool operator==(Null, Null) = default;
+};
+
+/// The address of a variable of the caller, which outlives the call that the reference is passed to.
+using Reference =
+    std::variant<Variant*, Bstr*, I4*, I2*, R8*, R4*, Date*, VariantBool*, UI1*, ObjectRef*, StringArray*>;
+
+template <class T, class Choice>
+struct IsAlternativeOf;
+template <class T, class... Alternatives>
+struct IsAlternativeOf<T, std::variant<Alternatives...>>
+    : std::bool_constant<(std::same_as<T, Alternatives> || ...)> {};
+
+/// Tagged value of Automation. The tag is part of the value: a method's description tells it for each case.
+class Variant {
+  public:
+    using Value = std::variant<Empty, Null, I2, I4, R4, R8, Date, Bstr, ObjectRef, ErrorCode, VariantBool,
+                               UI1, StringArray, Reference>;
+
+    Variant() = default;
+    template <class T>
+    requires IsAlternativeOf<std::remove_cvref_t<T>, Value>::value Variant(T&& value)
+        : value_(std::forward<T>(value)) {}
+    Variant(const char16_t* text) : value_(Bstr(text)) {}
+
+    /// What stands for an argument that the caller left out.
+    static Variant missing() { return ErrorCode{static_cast<I4>(0x80020004U)}; }
+
+    template <class T>
+    bool is() const {
+        return std::holds_alternative<T>(value_);
+    }
+    /// The value when it is of this type, else null.
+    template <class T>
+    const T* as() const {
+        return std::get_if<T>(&value_);
+    }
+    template <class T>
+    T* as() {
+        return std::get_if<T>(&value_);
+    }
+    bool isMissing() const { return *this == missing(); }
+    bool isNumber() const {
+        return is<I2>() || is<I4>() || is<R4>() || is<R8>() || is<UI1>() || is<VariantBool>() || is<Date>();
+    }
+
+    const Value& value() const { return value_; }
+
+    friend bool operator==(const Variant&, const Variant&) = default;
+
+  private:
+    Value value_;
+};
+
+/// What the value stands for once references to other variables have been followed. A chain of references
+/// that bites its own tail raises error 13.
+Variant dereferenced(const Variant& value);
+
+/// The caller's variable at the end of a chain of references to `VARIANT`s, which is value itself when it
+/// holds no such reference.
+Variant& endOfReferences(Variant& value);
+
+}  // namespace tovera
