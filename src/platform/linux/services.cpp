@@ -1,0 +1,65 @@
+#include "platform/linux/services.h"
+
+#include <dlfcn.h>
+#include <filesystem>
+#include <iostream>
+#include <string>
+#include <unistd.h>
+
+#include "frame/utf8.h"
+#include "platform/linux/code_pages.h"
+#include "platform/linux/launch.h"
+#include "platform/linux/regional.h"
+
+namespace tovera {
+
+I4 LinuxServices::messageBox(const Bstr& text, I4 /*flags*/, const Bstr& title) {
+    constexpr I4 okButton = 1;
+    std::cout.flush();
+    std::cerr << '[' << toUtf8(title) << "] " << toUtf8(text) << std::endl;
+    if (isatty(STDIN_FILENO) && isatty(STDERR_FILENO)) {
+        std::string answer;
+        std::getline(std::cin, answer);
+    }
+    return okButton;
+}
+
+R8 LinuxServices::launch(const Bstr& commandLine, WindowStyle /*style*/) {
+    return launchProgram(toUtf8(commandLine));
+}
+
+ObjectRef LinuxServices::createObject(std::u16string_view /*progId*/) {
+    raise(ErrorNumber::CannotCreateObject);
+}
+
+ComponentFacts LinuxServices::facts() {
+    Dl_info module{};
+    dladdr(reinterpret_cast<const void*>(&launchProgram), &module);
+    std::error_code ignored;
+    auto file = std::filesystem::absolute(module.dli_fname ? module.dli_fname : "", ignored);
+    if (const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
+        !file.has_extension()) {
+        file = program;
+    }
+    ComponentFacts facts;
+    facts.fileName = fromUtf8(file.stem().string());
+    facts.folder = fromUtf8(file.parent_path().string());
+    return facts;
+}
+
+RegionalSettings LinuxServices::regionalSettings() {
+    static const RegionalSettings settings = userRegionalSettings();
+    return settings;
+}
+
+std::string LinuxServices::toAnsi(std::u16string_view text) {
+    return toAnsi1252(text);
+}
+
+std::u16string LinuxServices::fromAnsi(std::string_view bytes) {
+    return fromAnsi1252(bytes);
+}
+
+void LinuxServices::pumpMessages() {}
+
+}  // namespace tovera
