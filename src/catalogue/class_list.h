@@ -1,0 +1,15 @@
+#pragma once
+
+#include "calendar/class_table.h"
+#include "conversion/class_table.h"
+#include "geometry/class_table.h"
+
+namespace tovera {
+
+template <class... Classes>
+struct TypeList {};
+
+/// The classes of the component, in the order of their publication.
+using ComponentClasses = TypeList<Cls_Date, Cls_Conversion, Cls_Math>;
+
+}  // namespace tovera
