@@ -1,0 +1,21 @@
+# The native home: the library and the program.
+file(GLOB layer CONFIGURE_DEPENDS src/platform/linux/*.cpp)
+add_library(tovera ${logic} ${layer})
+add_library(tovera::tovera ALIAS tovera)
+target_link_libraries(tovera PRIVATE $<BUILD_INTERFACE:tovera_options> PUBLIC ${CMAKE_DL_LIBS})
+target_compile_features(tovera PUBLIC cxx_std_20)
+target_include_directories(tovera PUBLIC
+    $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/src>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tovera>)
+set_target_properties(tovera PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION 1)
+
+file(GLOB program CONFIGURE_DEPENDS src/cli/*.cpp)
+list(FILTER program EXCLUDE REGEX "/main\\.cpp$")
+add_library(tovera_cli STATIC ${program})
+target_link_libraries(tovera_cli PUBLIC tovera PRIVATE tovera_options)
+add_executable(tovera_program src/cli/main.cpp)
+target_link_libraries(tovera_program PRIVATE tovera_cli tovera_options)
+set_target_properties(tovera_program PROPERTIES
+    OUTPUT_NAME tovera RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+
+include(Install)
