@@ -1,6 +1,8 @@
 #pragma once
 
 #include "frame/services.h"
+#include "platform/files.h"
+#include "platform/kernel32.h"
 #include "platform/user32.h"
 
 namespace tovera {
@@ -10,6 +12,8 @@ namespace tovera {
 struct Platform {
     Services& services;
     User32& user32;
+    Kernel32& kernel32;
+    Files& files;
 };
 
 /// The platform of the home that this build runs in.

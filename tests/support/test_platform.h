@@ -40,11 +40,39 @@ class MockUser32 : public User32 {
     MOCK_METHOD(I4, OemToCharA, (const AnsiText& source, AnsiText& target), (override));
 };
 
+class MockKernel32 : public Kernel32 {
+  public:
+    MOCK_METHOD(I4, WritePrivateProfileStringA,
+                (const AnsiText& section, const AnsiText& key, const AnsiText& value, const AnsiText& file),
+                (override));
+    MOCK_METHOD(I4, GetPrivateProfileStringA,
+                (const AnsiText& section, const AnsiText& key, const AnsiText& defaultValue, AnsiText& buffer,
+                 const AnsiText& file),
+                (override));
+    MOCK_METHOD(I4, WriteProfileStringA,
+                (const AnsiText& section, const AnsiText& key, const AnsiText& value), (override));
+    MOCK_METHOD(I4, GetProfileStringA,
+                (const AnsiText& section, const AnsiText& key, const AnsiText& defaultValue,
+                 AnsiText& buffer),
+                (override));
+    MOCK_METHOD(I4, GetSystemDirectoryA, (AnsiText & buffer), (override));
+    MOCK_METHOD(I4, GetWindowsDirectoryA, (AnsiText & buffer), (override));
+    MOCK_METHOD(I4, GetLongPathNameA, (const AnsiText& shortName, AnsiText& buffer), (override));
+    MOCK_METHOD(I4, GetShortPathNameA, (const AnsiText& longName, AnsiText& buffer), (override));
+};
+
+class MockFiles : public Files {
+  public:
+    MOCK_METHOD(void, rename, (const Bstr& oldPath, const Bstr& newPath), (override));
+};
+
 /// A platform of doubles for one test.
 struct TestPlatform {
     ::testing::NiceMock<TestServices> services;
     ::testing::StrictMock<MockUser32> user32;
-    Platform platform{services, user32};
+    ::testing::StrictMock<MockKernel32> kernel32;
+    ::testing::StrictMock<MockFiles> files;
+    Platform platform{services, user32, kernel32, files};
 };
 
 /// The number of the Automation error that a call raises, 0 when it raises none.

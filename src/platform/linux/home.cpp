@@ -1,3 +1,5 @@
+#include "platform/linux/files.h"
+#include "platform/linux/kernel32.h"
 #include "platform/linux/services.h"
 #include "platform/linux/user32.h"
 #include "platform/platform.h"
@@ -7,7 +9,9 @@ namespace tovera {
 Platform& home() {
     static LinuxServices services;
     static LinuxUser32 user32;
-    static Platform platform{services, user32};
+    static LinuxKernel32 kernel32;
+    static LinuxFiles files;
+    static Platform platform{services, user32, kernel32, files};
     return platform;
 }
 
