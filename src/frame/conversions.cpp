@@ -112,6 +112,10 @@ T Conversions::to(const Variant& value) const {
         return moment(value);
     } else if constexpr (std::is_same_v<T, Bstr>) {
         return text(value);
+    } else if constexpr (std::is_same_v<T, StringArray>) {
+        // A variable without a value stands for an array that has not been dimensioned yet.
+        if (value.is<Empty>()) return {};
+        mismatch();
     } else {
         mismatch();
     }
