@@ -1,8 +1,10 @@
 #pragma once
 
 #include "frame/services.h"
+#include "platform/advapi32.h"
 #include "platform/files.h"
 #include "platform/kernel32.h"
+#include "platform/odbc32.h"
 #include "platform/user32.h"
 
 namespace tovera {
@@ -14,6 +16,8 @@ struct Platform {
     User32& user32;
     Kernel32& kernel32;
     Files& files;
+    Advapi32& advapi32;
+    Odbc32& odbc32;
 };
 
 /// The platform of the home that this build runs in.

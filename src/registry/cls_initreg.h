@@ -1,6 +1,7 @@
 #pragma once
 
-#include <string_view>
+#include <cstddef>
+#include <span>
 #include <vector>
 
 #include "frame/component.h"
@@ -65,10 +66,12 @@ class Cls_InitREG {
 
   private:
     void AnalyserCle(Bstr& chemin, I4& racine);
-    bool ouvrirCle(Bstr& chemin, I4 masque);
-    void fermerCle();
+    bool trouverRacine(Bstr& chemin);
     template <class Work>
-    void avecCle(Work&& work);
+    Variant surCleOuverte(Bstr& chemin, I4 acces, const Variant& refus, Work&& travail);
+    void fermerCle();
+    I4 ecrireOctets(Bstr& entree, I4 type, std::span<const std::byte> octets);
+    I4 lireTampon(Bstr& entree, I4 type);
 
     // Working storage of the registry operations; each leaves it as it stood at its end.
     I4 lngCleOuverte = 0;

@@ -66,13 +66,40 @@ class MockFiles : public Files {
     MOCK_METHOD(void, rename, (const Bstr& oldPath, const Bstr& newPath), (override));
 };
 
+class MockAdvapi32 : public Advapi32 {
+  public:
+    MOCK_METHOD(I4, RegOpenKeyExA, (I4 key, const AnsiText& subKey, I4 options, I4 access, I4& opened),
+                (override));
+    MOCK_METHOD(I4, RegCreateKeyA, (I4 key, const AnsiText& subKey, I4& created), (override));
+    MOCK_METHOD(I4, RegSetValueExA,
+                (I4 key, const AnsiText& name, I4 reserved, I4 type, std::span<const std::byte> data),
+                (override));
+    MOCK_METHOD(I4, RegQueryValueExA,
+                (I4 key, const AnsiText& name, I4& type, std::span<std::byte> data, I4& size), (override));
+    MOCK_METHOD(I4, RegDeleteKeyA, (I4 key, const AnsiText& subKey), (override));
+    MOCK_METHOD(I4, RegCloseKey, (I4 key), (override));
+};
+
+class MockOdbc32 : public Odbc32 {
+  public:
+    MOCK_METHOD(I4, SQLAllocHandle, (I4 type, I4 parent, I4& handle), (override));
+    MOCK_METHOD(I4, SQLSetEnvAttr, (I4 environment, I4 attribute, I4 value, I4 length), (override));
+    MOCK_METHOD(I4, SQLDataSources,
+                (I4 environment, I4 direction, AnsiText& name, I2& nameLength, AnsiText& description,
+                 I2& descriptionLength),
+                (override));
+    MOCK_METHOD(I4, SQLFreeHandle, (I4 type, I4 handle), (override));
+};
+
 /// A platform of doubles for one test.
 struct TestPlatform {
     ::testing::NiceMock<TestServices> services;
     ::testing::StrictMock<MockUser32> user32;
     ::testing::StrictMock<MockKernel32> kernel32;
     ::testing::StrictMock<MockFiles> files;
-    Platform platform{services, user32, kernel32, files};
+    ::testing::StrictMock<MockAdvapi32> advapi32;
+    ::testing::StrictMock<MockOdbc32> odbc32;
+    Platform platform{services, user32, kernel32, files, advapi32, odbc32};
 };
 
 /// The number of the Automation error that a call raises, 0 when it raises none.

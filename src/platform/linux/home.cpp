@@ -11,7 +11,9 @@ Platform& home() {
     static LinuxUser32 user32;
     static LinuxKernel32 kernel32;
     static LinuxFiles files;
-    static Platform platform{services, user32, kernel32, files};
+    static Advapi32 advapi32;
+    static Odbc32 odbc32;
+    static Platform platform{services, user32, kernel32, files, advapi32, odbc32};
     return platform;
 }
 
