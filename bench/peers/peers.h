@@ -1,0 +1,39 @@
+#pragma once
+
+#include "bench.h"
+
+// What users would take instead of ours. Each is defined in a file of its own, which is compiled when its
+// library is found and puts its loop here; without it the address stays null.
+namespace bench {
+
+/// ICU's spell-out rules for French: the words of a number as a text.
+inline Loop (*icuSpellOut)(double number) = nullptr;
+
+/// QuantLib's calendar of weekends only: business days from one `DATE` to another, both included.
+inline Loop (*quantLibBusinessDays)(double start, double end) = nullptr;
+
+/// QuantLib's table of Easter Mondays, and the day before as a date: one year after another.
+inline Loop (*quantLibEaster)(int firstYear, int lastYear) = nullptr;
+
+/// A method with two integers, called by its name through Qt's meta-objects.
+inline Loop (*qtCallByName)(int departure, int arrival) = nullptr;
+
+/// A C function with two integers, called from C by its name in Lua.
+inline Loop (*luaCallByName)(int departure, int arrival) = nullptr;
+
+/// Easter's rule as a function in Lua, called from C by its name: one year after another.
+inline Loop (*luaEaster)(int firstYear, int lastYear) = nullptr;
+
+/// The loop of a peer, or an empty one when it isn't installed.
+template <class... Inputs>
+Loop loopIfInstalled(Loop (*peer)(Inputs...), Inputs... inputs) {
+    return peer ? peer(inputs...) : Loop();
+}
+
+/// Puts a peer's loop in its place.
+template <class... Inputs>
+struct Installed {
+    Installed(Loop (*&place)(Inputs...), Loop (*peer)(Inputs...)) { place = peer; }
+};
+
+}  // namespace bench

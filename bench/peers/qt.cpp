@@ -1,0 +1,32 @@
+#include <QObject>
+#include <memory>
+
+#include "peers/peers.h"
+
+namespace bench {
+
+class Clock : public QObject {
+    Q_OBJECT
+  public:
+    Q_INVOKABLE int Chrono(int departure, int arrival) {
+        return departure > arrival ? 86400 - departure + arrival : arrival - departure;
+    }
+};
+
+namespace {
+
+Loop callByName(int departure, int arrival) {
+    return loopOf([=, clock = std::make_shared<Clock>()] {
+        int result = 0;
+        QMetaObject::invokeMethod(clock.get(), "Chrono", Qt::DirectConnection, Q_RETURN_ARG(int, result),
+                                  Q_ARG(int, opaque(departure)), Q_ARG(int, arrival));
+        return result;
+    });
+}
+
+const Installed installed(qtCallByName, callByName);
+
+}  // namespace
+}  // namespace bench
+
+#include "qt.moc"
