@@ -3,6 +3,7 @@
 #include "calendar/class_table.h"
 #include "conversion/class_table.h"
 #include "geometry/class_table.h"
+#include "language/class_table.h"
 
 namespace tovera {
 
@@ -10,6 +11,6 @@ template <class... Classes>
 struct TypeList {};
 
 /// The classes of the component, in the order of their publication.
-using ComponentClasses = TypeList<Cls_Date, Cls_Conversion, Cls_Math>;
+using ComponentClasses = TypeList<Cls_Traduction, Cls_Date, Cls_Conversion, Cls_Math>;
 
 }  // namespace tovera

@@ -1,5 +1,8 @@
 #include "frame/string_array.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "frame/error.h"
 
 namespace tovera {
@@ -60,7 +63,15 @@ void StringArray::redim(I4 lower, I4 upper) {
 
 void StringArray::redimPreserve(I4 lower, I4 upper) {
     refuseWhenFixed();
-    elements_.resize(countBetween(lower, upper));
+    const auto count = countBetween(lower, upper);
+    if (dimensioned_ && lower > lower_) {
+        const auto dropped = std::min<std::int64_t>(std::int64_t{lower} - lower_, std::ssize(elements_));
+        elements_.erase(elements_.begin(), elements_.begin() + dropped);
+    } else if (dimensioned_ && lower < lower_) {
+        const auto added = std::min<std::int64_t>(std::int64_t{lower_} - lower, std::int64_t(count));
+        elements_.insert(elements_.begin(), static_cast<std::size_t>(added), Bstr{});
+    }
+    elements_.resize(count);
     lower_ = lower;
     dimensioned_ = true;
 }

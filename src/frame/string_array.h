@@ -31,8 +31,7 @@ class StringArray {
 
     /// New bounds with all elements null.
     void redim(I4 lower, I4 upper);
-    /// New upper bound (and, for an array without elements, a new lower one): the elements that fit are kept
-    /// in their order, new ones are null.
+    /// New bounds: the elements within them are kept at their indices, new ones are null.
     void redimPreserve(I4 lower, I4 upper);
 
     const std::vector<Bstr>& elements() const { return elements_; }

@@ -1,0 +1,43 @@
+#include "language/cls_traduction.h"
+
+#include "language/form_texts.h"
+#include "language/language_entry.h"
+#include "language/message_table.h"
+
+namespace tovera {
+
+Variant Cls_Traduction::Sauver_LangueFeuille(const ObjectRef& NomForme, Bstr& Fichier) {
+    FailuresIgnored step;
+    createMissingFolder(step, platform_.services, Fichier);
+    Bstr message;
+    if (step.error.number == static_cast<I4>(ErrorNumber::PathNotFound))
+        message = u"Trop de répertoire à créer.";
+    step.error.clear();
+    FormTexts(platform_, NomForme, Fichier).save(step);
+    return message;
+}
+
+Variant Cls_Traduction::Charger_LangueFeuille(const ObjectRef& NomForme, Bstr& Fichier) {
+    const auto fileSystem = platform_.services.createObject(u"Scripting.FileSystemObject");
+    const Conversions convert(platform_.services);
+    Bstr message;
+    if (!convert.to<VariantBool>(callMember(fileSystem, u"FileExists", Reference(&Fichier))))
+        message = u"Fichier inexistant.";
+    FailuresIgnored step;
+    FormTexts(platform_, NomForme, Fichier).load(step);
+    return message;
+}
+
+void Cls_Traduction::Sauver_TousLesMessages(StringArray& tabMessage, Bstr& Fichier) {
+    saveMessages(platform_, tabMessage, Fichier);
+}
+
+Bstr Cls_Traduction::Charger_LeMessage(Bstr Fichier, const I2& NumeroMsg) {
+    return loadMessage(platform_, Fichier, NumeroMsg);
+}
+
+void Cls_Traduction::Charger_TousLesMessages(Bstr Fichier, StringArray& tabMessage) {
+    loadMessages(platform_, Fichier, tabMessage);
+}
+
+}  // namespace tovera

@@ -1,0 +1,30 @@
+#include "language/language_entry.h"
+
+namespace tovera {
+
+Bstr LireEntreeLangue(Platform& platform, Bstr file, Bstr section, Bstr key, Bstr defaultValue) {
+    FixedText<255> buffer(u'\0');
+    const auto read = [&](const AnsiText& fromSection, const AnsiText& ofKey, const AnsiText& otherwise,
+                          AnsiText& filled, const AnsiText& fromFile) {
+        return platform.kernel32.GetPrivateProfileStringA(fromSection, ofKey, otherwise, filled, fromFile);
+    };
+    const auto count =
+        StringCrossing(platform.services).call(read, section, key, defaultValue, buffer.buffer(), file);
+    return left(buffer.view(), static_cast<std::size_t>(count));
+}
+
+void createMissingFolder(FailuresIgnored& step, Services& services, Bstr& file) {
+    const Conversions convert(services);
+    ObjectRef fileSystem;
+    Bstr folder;
+    VariantBool exists = False;
+    step([&] { fileSystem = services.createObject(u"Scripting.FileSystemObject"); });
+    step(
+        [&] { folder = convert.to<Bstr>(callMember(fileSystem, u"getParentFolderName", Reference(&file))); });
+    step([&] {
+        exists = convert.to<VariantBool>(callMember(fileSystem, u"FolderExists", Reference(&folder)));
+    });
+    if (!exists) step([&] { callMember(fileSystem, u"CreateFolder", Reference(&folder)); });
+}
+
+}  // namespace tovera
