@@ -19,6 +19,8 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/tovera-config.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/tovera-config-version.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/tovera)
 
+# Found relative to its own place, so that the package can be installed under any prefix.
+file(RELATIVE_PATH TOVERA_PC_TO_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/tovera.pc.in ${CMAKE_CURRENT_BINARY_DIR}/tovera.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/tovera.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 

@@ -18,4 +18,8 @@ target_link_libraries(tovera_program PRIVATE tovera_cli tovera_options)
 set_target_properties(tovera_program PROPERTIES
     OUTPUT_NAME tovera RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 
+# The generators of texts made from the class table.
+add_executable(reference_pages tools/reference_pages.cpp)
+target_link_libraries(reference_pages PRIVATE tovera tovera_options)
+
 include(Install)
