@@ -1,0 +1,54 @@
+#pragma once
+
+#include <atomic>
+#include <mutex>
+
+namespace tovera {
+
+/// A shared library of the system, loaded at the first call of one of its functions and kept until the end.
+class SharedLibrary {
+  public:
+    /// The library's file name, found along the system's own path.
+    constexpr explicit SharedLibrary(const char* name) : name_(name) {}
+
+    /// The address of a function. Raises error 53 for a library that can't be loaded, 453 for a function that
+    /// it hasn't got.
+    void* function(const char* name);
+    bool isPresent();
+
+  private:
+    void* load();
+
+    const char* name_;
+    std::mutex mutex_;
+    void* handle_ = nullptr;
+};
+
+/// A function of a shared library, bound at its first call: `EntryPoint<decltype(mdb_get)>`.
+template <class Function>
+class EntryPoint {
+  public:
+    constexpr EntryPoint(SharedLibrary& library, const char* name) : library_(library), name_(name) {}
+
+    template <class... Arguments>
+    auto operator()(Arguments... arguments) const {
+        return address()(arguments...);
+    }
+
+    /// For a library that takes the function itself, as a callback.
+    Function* address() const {
+        auto* found = address_.load(std::memory_order_acquire);
+        if (!found) {
+            found = reinterpret_cast<Function*>(library_.function(name_));
+            address_.store(found, std::memory_order_release);
+        }
+        return found;
+    }
+
+  private:
+    SharedLibrary& library_;
+    const char* name_;
+    mutable std::atomic<Function*> address_{nullptr};
+};
+
+}  // namespace tovera
