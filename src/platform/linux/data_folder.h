@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace tovera {
+
+/// Where this system keeps what belongs to the user: `tovera` in the user's data folder, which need not exist
+/// yet.
+std::string dataFolder();
+
+}  // namespace tovera
