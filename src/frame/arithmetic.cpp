@@ -35,6 +35,7 @@ Variant widened(std::int64_t value, Rank rank) {
 
 template <class Operation>
 Variant Arithmetic::combine(const Variant& a, const Variant& b, Operation operation) const {
+    if (a.is<Reference>() || b.is<Reference>()) return combine(dereferenced(a), dereferenced(b), operation);
     if (a.is<Null>() || b.is<Null>()) return Null{};
     const auto rank = commonRank(rankOf(a), rankOf(b));
     if (rank <= Rank::I4) {
@@ -58,6 +59,9 @@ Variant Arithmetic::multiply(const Variant& a, const Variant& b) const {
 }
 
 Variant Arithmetic::modulo(const Variant& dividend, const Variant& divisor) const {
+    if (dividend.is<Reference>() || divisor.is<Reference>()) {
+        return modulo(dereferenced(dividend), dereferenced(divisor));
+    }
     if (dividend.is<Null>() || divisor.is<Null>()) return Null{};
     const std::int64_t n = convert_.to<I4>(dividend);
     const std::int64_t d = convert_.to<I4>(divisor);
@@ -66,11 +70,13 @@ Variant Arithmetic::modulo(const Variant& dividend, const Variant& divisor) cons
 }
 
 std::partial_ordering Arithmetic::compareToNumber(const Variant& value, R8 number) const {
+    if (value.is<Reference>()) return compareToNumber(dereferenced(value), number);
     if (value.is<Null>()) return std::partial_ordering::unordered;
     return convert_.to<R8>(value) <=> number;
 }
 
 std::partial_ordering Arithmetic::compare(const Variant& a, const Variant& b) const {
+    if (a.is<Reference>() || b.is<Reference>()) return compare(dereferenced(a), dereferenced(b));
     if (a.is<Null>() || b.is<Null>()) return std::partial_ordering::unordered;
     const bool textA = a.is<Bstr>() || (a.is<Empty>() && b.is<Bstr>());
     const bool textB = b.is<Bstr>() || (b.is<Empty>() && a.is<Bstr>());

@@ -56,6 +56,7 @@ inline R8 checkedDivide(R8 dividend, R8 divisor) {
 /// The nearest integer of a float, a tie going to the even one; out of range raises error 6.
 template <std::integral To>
 To roundToInteger(R8 value) {
+    static_assert(sizeof(To) <= sizeof(I4), "an R8 holds the bounds of no wider type exactly");
     const R8 rounded = std::nearbyint(value);
     constexpr R8 lowest = static_cast<R8>(std::numeric_limits<To>::min());
     constexpr R8 highest = static_cast<R8>(std::numeric_limits<To>::max());

@@ -58,10 +58,11 @@ std::optional<I4> parseDay(std::u16string_view text, const RegionalSettings& reg
     const I4 year = windowedYear(yearFirst ? n[0] : n[2], regional);
     const I4 month = order == DateOrder::MonthDayYear ? n[0] : n[1];
     const I4 day = yearFirst ? n[2] : order == DateOrder::MonthDayYear ? n[1] : n[0];
+    if (year < 100 || year > 9999 || month > 12 || day > 31) return {};
     const std::chrono::year_month_day date{std::chrono::year{year},
                                            std::chrono::month(static_cast<unsigned>(month)),
                                            std::chrono::day(static_cast<unsigned>(day))};
-    if (!date.ok() || year < 100 || year > 9999) return {};
+    if (!date.ok()) return {};
     return dayNumber(year, month, day);
 }
 
@@ -128,7 +129,7 @@ std::optional<Date> parseDate(std::u16string_view text, const RegionalSettings& 
 std::u16string dateToText(Date date, const RegionalSettings& regional) {
     const auto p = partsOf(date);
     const auto time = formatted("%02d:%02d:%02d", p.hour, p.minute, p.second);
-    if (std::trunc(date.days) == 0) return time;
+    if (dayNumber(p.year, p.month, p.day) == 0) return time;
     const bool midnight = p.hour == 0 && p.minute == 0 && p.second == 0;
     const auto day =
         regional.dateOrder == DateOrder::YearMonthDay   ? formatted("%04d-%02d-%02d", p.year, p.month, p.day)

@@ -26,7 +26,8 @@ struct NoResult {};
 /// Numbers and truth values keep what was assigned before a failure; texts, `VARIANT`s, objects go back to
 /// their default.
 template <class T>
-inline constexpr bool keptOnFailure = std::is_arithmetic_v<T> || std::is_same_v<T, VariantBool>;
+inline constexpr bool keptOnFailure =
+    std::is_arithmetic_v<T> || std::is_same_v<T, VariantBool> || std::is_same_v<T, Date>;
 
 /// A reference on an object for the time of a call, so that it can't vanish under its own member.
 class KeptAlive {
@@ -41,21 +42,23 @@ class KeptAlive {
 };
 
 /// The frame round a member: arms the failure frame, holds the object, starts the result at its default,
-/// runs the logic, drops the object, and only then hands the result over. The record must come in clear.
+/// runs the logic, drops the object, and only then hands the result over. The record is filled on failure.
 template <class R, class Logic>
 ReturnCode runInFrame(Object& self, Logic&& logic, R& result, ErrorRecord& failure) noexcept {
     Result<R> assigned;
+    auto code = ReturnCode::Success;
     {
         const KeptAlive held(self);
         try {
             std::forward<Logic>(logic)(assigned);
         } catch (...) {
             failure = recordOfCurrentException();
+            code = failure.code;
             if constexpr (!keptOnFailure<R>) assigned.value = R{};
         }
     }
     result = std::move(assigned.value);
-    return failure.code;
+    return code;
 }
 
 /// What a member function declares: its class, result and parameters, a `Result` parameter taken apart.

@@ -1,5 +1,6 @@
 #include "frame/number_text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -13,6 +14,14 @@ namespace {
 
 constexpr bool isDigit(char16_t c) {
     return c >= u'0' && c <= u'9';
+}
+
+/// A group of digits may end with the user's separator. Where that is a blank, any blank will do: nobody
+/// types the one that doesn't break.
+constexpr bool separates(char16_t c, char16_t separator) {
+    constexpr std::u16string_view blanks = u" \u00A0\u202F";
+    const bool blankSeparator = blanks.find(separator) != blanks.npos;
+    return separator != u'\0' && (c == separator || (blankSeparator && blanks.find(c) != blanks.npos));
 }
 
 template <class T>
@@ -51,7 +60,7 @@ class NumberReader {
             if (isDigit(rest_.front())) {
                 taken_ += static_cast<char>(rest_.front());
                 any = true;
-            } else if (!any || separator == u'\0' || rest_.front() != separator) {
+            } else if (!any || !separates(rest_.front(), separator)) {
                 break;
             }
             rest_.remove_prefix(1);
@@ -92,13 +101,26 @@ class NumberReader {
   private:
     bool starts(char16_t c) const { return !rest_.empty() && rest_.front() == c; }
 
-    /// A number out of range has a magnitude too small to be told from 0 when it has a negative exponent or
-    /// only zeros before the point.
+    /// A number out of range is too small to be told from 0, or too large, by the power of ten of its first
+    /// digit that isn't 0.
     R8 outOfRange() const {
-        const auto exponent = taken_.find('e');
-        const bool small = exponent != std::string::npos ? taken_.find('-', exponent) != std::string::npos
-                                                         : taken_.find_first_not_of("0.") > taken_.find('.');
-        return small ? 0 : std::numeric_limits<R8>::infinity();
+        const auto mantissa = taken_.substr(0, taken_.find('e'));
+        const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+        const auto first = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+        return point - first + exponent() < 0 ? 0 : std::numeric_limits<R8>::infinity();
+    }
+
+    /// The exponent, held to a size that outweighs any mantissa.
+    std::int64_t exponent() const {
+        const auto letter = taken_.find('e');
+        if (letter == std::string::npos) return 0;
+        const bool negative = taken_[letter + 1] == '-';
+        std::int64_t size = 0;
+        for (const char c : taken_.substr(letter + (negative ? 2 : 1))) {
+            constexpr std::int64_t large = std::int64_t{1} << 40;
+            size = std::min(size * 10 + (c - '0'), large);
+        }
+        return negative ? -size : size;
     }
 
     std::u16string_view rest_;
@@ -108,10 +130,14 @@ class NumberReader {
 
 std::optional<R8> hexadecimal(std::u16string_view text) {
     if (text.size() < 3 || text.size() > 10 || text[0] != u'&' || (text[1] | 0x20) != u'h') return {};
-    const std::string digits(text.begin() + 2, text.end());
+    const auto digits = text.substr(2);
+    constexpr std::u16string_view values = u"0123456789abcdef";
     std::uint32_t bits = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), bits, 16);
-    if (error != std::errc{} || end != digits.data() + digits.size()) return {};
+    for (const auto c : digits) {
+        const auto value = values.find(isDigit(c) ? c : static_cast<char16_t>(c | 0x20));
+        if (value == values.npos) return {};
+        bits = bits * 16 + static_cast<std::uint32_t>(value);
+    }
     return digits.size() <= 4 ? static_cast<I2>(bits) : static_cast<I4>(bits);
 }
 

@@ -25,8 +25,10 @@ Variant invokeMember(const ObjectRef& object, std::u16string_view name, CallKind
     if (!member) raise(ErrorNumber::NoSuchMember);
     Variant result;
     ErrorRecord failure;
-    if (object->invoke(*member, kind, arguments, result, failure) != ReturnCode::Success) failure.raise();
-    return result;
+    const auto code = object->invoke(*member, kind, arguments, result, failure);
+    if (code == ReturnCode::Success) return result;
+    if (failure.code == ReturnCode::Success) failure.code = code;
+    failure.raise();
 }
 
 Variant readMember(const ObjectRef& object, std::u16string_view name) {

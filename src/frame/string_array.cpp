@@ -41,7 +41,7 @@ I4 StringArray::lowerBound() const {
 }
 
 I4 StringArray::upperBound() const {
-    return lowerBound() + static_cast<I4>(elements_.size()) - 1;
+    return lowerBound() + (static_cast<I4>(elements_.size()) - 1);
 }
 
 Bstr& StringArray::at(I4 index) {
