@@ -12,7 +12,8 @@ namespace {
 /// Searches the grid of 201 angles in rising order for the first whose band, half a step to either side,
 /// holds x by this function. No band holds a text, which ranks above every number, nor Null.
 template <class Function>
-R4 searchGrid(const Variant& x, const Conversions& convert, Function function) {
+R4 searchGrid(const Variant& argument, const Conversions& convert, Function function) {
+    const auto x = dereferenced(argument);
     if (x.is<Bstr>() || x.is<Null>()) return 0;
     const auto wanted = convert.to<R8>(x);
     constexpr R8 H = Pi / 200;
@@ -33,12 +34,13 @@ R8 distance(R8 dx, R8 dy) {
 
 R4 Cls_Math::MesurePrincipale(Variant& Angle) {
     const Arithmetic vb(platform_.services);
+    const auto& convert = vb.convert();
     if (vb.compareToNumber(Angle, Pi) > 0) {
-        Angle = withoutTurns(checkedFloat(vb.convert().to<R8>(Angle)));
+        convert.store(&Angle, withoutTurns(checkedFloat(convert.to<R8>(Angle))));
     } else if (vb.compareToNumber(Angle, -Pi) < 0) {
-        Angle = -withoutTurns(-checkedFloat(vb.convert().to<R8>(Angle)));
+        convert.store(&Angle, -withoutTurns(-checkedFloat(convert.to<R8>(Angle))));
     }
-    return vb.convert().to<R4>(Angle);
+    return convert.to<R4>(Angle);
 }
 
 Variant Cls_Math::Hypothenuse(const Variant& X1, const Variant& Y1, const Variant& X2, const Variant& Y2) {
