@@ -29,9 +29,8 @@ struct NearestSign {
 };
 
 constexpr std::array nearestSigns{
-    NearestSign{u"░▒▓│║█■╣┤╠├", u'¦'}, NearestSign{u"┐└┴┬┼┘┌╗╝╚╔╩╦╬", u'+'},
-    NearestSign{u"─", u'-'},           NearestSign{u"═‗", u'='},
-    NearestSign{u"▄", u'_'},           NearestSign{u"▀", u'¯'},
+    NearestSign{u"░▒▓│┤╣║╠█■", u'¦'}, NearestSign{u"╗╝┐└├┼╚╔╬┘┌", u'+'}, NearestSign{u"┴┬─╩╦═", u'-'},
+    NearestSign{u"‗", u'='},          NearestSign{u"▄", u'_'},           NearestSign{u"▀", u'¯'},
     NearestSign{u"ı", u'i'},
 };
 

@@ -32,9 +32,9 @@ DateOrder orderOf(std::string_view format) {
 }  // namespace
 
 RegionalSettings userRegionalSettings() {
-    const Locale locale(newlocale(LC_ALL_MASK, "", nullptr));
+    Locale locale(newlocale(LC_ALL_MASK, "", nullptr));
+    if (!locale) locale.reset(newlocale(LC_ALL_MASK, "C", nullptr));
     RegionalSettings regional;
-    if (!locale) return regional;
     regional.decimalSeparator = firstCharacter(nl_langinfo_l(RADIXCHAR, locale.get()), u'.');
     regional.thousandsSeparator = firstCharacter(nl_langinfo_l(THOUSEP, locale.get()),
                                                  regional.decimalSeparator == u',' ? u'\u00A0' : u',');
