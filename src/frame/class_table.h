@@ -30,6 +30,7 @@ struct Row {
     std::string_view name;
     std::string_view help;
     std::array<std::string_view, parameterCount> parameterNames;
+    bool published = true;
 
     constexpr auto parameters() const {
         return [this]<std::size_t... I>(std::index_sequence<I...>) {
@@ -64,6 +65,11 @@ template <auto Function>
 constexpr auto propertyAssign(std::string_view name, std::string_view valueName, std::string_view help = {}) {
     return Row<Function, CallKind::AssignReference>{name, help, {valueName}};
 }
+/// A slot of a property that takes its place in the interface, but that nobody is told of.
+template <auto Function>
+constexpr auto unpublishedWrite(std::string_view name, std::string_view valueName) {
+    return Row<Function, CallKind::Write>{name, {}, {valueName}, false};
+}
 
 /// Specialised for each class: `name`, `help`, and `members`, a tuple of rows in slot order.
 template <class C>
@@ -81,6 +87,7 @@ struct MemberDescription {
     Type result = Type::None;
     std::span<const ParameterDescription> parameters;
     Invoker invoke = nullptr;
+    bool published = true;
 };
 
 struct ClassDescription {
@@ -103,12 +110,15 @@ template <auto Function, class... Parameters>
 ReturnCode invokeByName(std::tuple<Parameters...>*, Object& self, void* instance, Services& services,
                         std::span<Variant> arguments, Variant& result, ErrorRecord& failure) noexcept {
     using S = Signature<decltype(Function)>;
+    auto binding = ErrorRecord::noArgument;
     const auto call = [&]<std::size_t... I>(std::index_sequence<I...>) {
         const Conversions convert(services);
         [[maybe_unused]] const auto at = [&](std::size_t i) {
+            binding = static_cast<I4>(i);
             return i < arguments.size() ? &arguments[i] : nullptr;
         };
         return [&](Argument<Parameters>... bound) {
+            binding = ErrorRecord::noArgument;
             typename S::Value value{};
             const auto code = runMember<Function>(self, *static_cast<typename S::Class*>(instance), value,
                                                   failure, bound.pass()...);
@@ -122,6 +132,7 @@ ReturnCode invokeByName(std::tuple<Parameters...>*, Object& self, void* instance
         return call(std::index_sequence_for<Parameters...>());
     } catch (...) {
         failure = recordOfCurrentException();
+        failure.argument = binding;
         return failure.code;
     }
 }
@@ -147,6 +158,7 @@ MemberDescription describeMember() {
     member.result = typeOf<typename R::S::Value>;
     member.parameters = parametersOf<C, I>;
     member.invoke = &invoker<R::function>;
+    member.published = row.published;
     return member;
 }
 

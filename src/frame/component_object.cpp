@@ -6,7 +6,7 @@ const MemberDescription* memberAt(const ClassDescription& description, MemberId 
     const auto first = static_cast<std::size_t>(id & 0xFFFF);
     const auto& members = description.members;
     for (auto slot = first; slot < members.size() && members[slot].id == id; ++slot) {
-        if (allows(kind, members[slot].kind)) return &members[slot];
+        if (members[slot].published && allows(kind, members[slot].kind)) return &members[slot];
     }
     return nullptr;
 }

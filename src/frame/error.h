@@ -26,6 +26,7 @@ enum class ErrorNumber : I4 {
     PathNotFound = 76,
     ObjectRequired = 91,
     InvalidNull = 94,
+    InvalidFileFormat = 321,
     CannotCreateObject = 429,
     NoSuchInterface = 430,
     NoSuchMember = 438,
@@ -79,6 +80,10 @@ struct ErrorRecord {
     ReturnCode code = ReturnCode::Success;
     Bstr description;
     Bstr source;
+    /// Index of the argument that was at fault, when the call failed on one before its member ran.
+    I4 argument = noArgument;
+
+    static constexpr I4 noArgument = -1;
 
     [[noreturn]] void raise() const { throw AutomationError(code, description, source); }
 };

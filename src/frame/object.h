@@ -81,6 +81,7 @@ class Counted : public Base {
     void release() noexcept final {
         if (--references_ == 0) std::unique_ptr<Counted>{this};
     }
+    unsigned references() const noexcept { return references_; }
 
   protected:
     Counted() = default;
