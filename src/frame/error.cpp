@@ -32,6 +32,7 @@ constexpr std::array descriptions{
     Description{ErrorNumber::PathNotFound, u"Chemin introuvable"},
     Description{ErrorNumber::ObjectRequired, u"Référence d'objet vide"},
     Description{ErrorNumber::InvalidNull, u"Utilisation incorrecte de Null"},
+    Description{ErrorNumber::InvalidFileFormat, u"Format de fichier incorrect"},
     Description{ErrorNumber::CannotCreateObject, u"Création de l'objet impossible"},
     Description{ErrorNumber::NoSuchInterface, u"L'objet n'a pas cette interface"},
     Description{ErrorNumber::NoSuchMember, u"L'objet n'a pas cette propriété ou méthode"},
