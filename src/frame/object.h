@@ -66,7 +66,7 @@ class Object {
     virtual std::unique_ptr<Enumerator> elements();
 
     /// The object through another of its interfaces; raises error 430 when it hasn't got it.
-    virtual ObjectRef query(const InterfaceId& interface);
+    virtual ObjectRef query(const InterfaceId& interfaceId);
 
   protected:
     ~Object() = default;

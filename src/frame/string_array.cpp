@@ -66,7 +66,7 @@ void StringArray::redimPreserve(I4 lower, I4 upper) {
     const auto count = countBetween(lower, upper);
     if (dimensioned_ && lower > lower_) {
         const auto dropped = std::min<std::int64_t>(std::int64_t{lower} - lower_, std::ssize(elements_));
-        elements_.erase(elements_.begin(), elements_.begin() + dropped);
+        elements_.erase(elements_.begin(), elements_.begin() + static_cast<std::ptrdiff_t>(dropped));
     } else if (dimensioned_ && lower < lower_) {
         const auto added = std::min<std::int64_t>(std::int64_t{lower_} - lower, std::int64_t(count));
         elements_.insert(elements_.begin(), static_cast<std::size_t>(added), Bstr{});
