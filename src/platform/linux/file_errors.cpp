@@ -21,6 +21,7 @@ ErrorNumber fileErrorOf(int systemError) {
             return ErrorNumber::DiskFull;
         case EACCES:
         case EPERM:
+        case EROFS:
         case ETXTBSY:
             return ErrorNumber::PermissionDenied;
         case EIO:

@@ -1,8 +1,6 @@
 #include "platform/linux/letter_case.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdint>
 #include <locale.h>
 #include <wctype.h>
 
@@ -28,6 +26,8 @@ char capitalOf(char byte) {
     return ansiCharacter(found) == upper ? found : byte;
 }
 
+}  // namespace
+
 const std::array<char, 256>& ansiCapitals() {
     static const auto table = [] {
         std::array<char, 256> made{};
@@ -37,8 +37,6 @@ const std::array<char, 256>& ansiCapitals() {
     }();
     return table;
 }
-
-}  // namespace
 
 char16_t capital(char16_t character) {
     if (character < 0x80) {
@@ -51,16 +49,6 @@ std::u16string capitals(std::u16string_view text) {
     std::u16string upper(text);
     std::ranges::transform(upper, upper.begin(), capital);
     return upper;
-}
-
-char ansiCapital(char byte) {
-    return ansiCapitals()[static_cast<std::uint8_t>(byte)];
-}
-
-bool sameName(std::string_view a, std::string_view b) {
-    const auto& table = ansiCapitals();
-    const auto of = [&](char byte) { return table[static_cast<std::uint8_t>(byte)]; };
-    return std::ranges::equal(a, b, {}, of, of);
 }
 
 }  // namespace tovera

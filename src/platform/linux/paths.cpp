@@ -111,13 +111,23 @@ std::string foundPath(std::string_view hostPath) {
 }
 
 std::string foundHostPath(std::u16string_view path) {
-    return foundPath(hostPath(path));
+    const auto written = hostPath(path);
+    if (isBelow(written, driveC()) && !exists(written)) makeWindowsFolders();
+    return foundPath(written);
+}
+
+std::string folderOf(std::string_view hostPath) {
+    const auto slash = hostPath.rfind('/');
+    return slash == std::string_view::npos ? "./" : std::string(hostPath.substr(0, slash + 1));
 }
 
 void makeWindowsFolders() {
+    if (exists(hostPath(systemFolder))) return;
     std::error_code ignored;
     std::filesystem::create_directories(driveC(), ignored);
-    for (const auto folder : {windowsFolder, systemFolder}) mkdir(foundHostPath(folder).c_str(), 0777);
+    for (const auto folder : {windowsFolder, systemFolder}) {
+        mkdir(foundPath(hostPath(folder)).c_str(), 0777);
+    }
 }
 
 std::u16string windowsPath(std::string_view hostPath) {

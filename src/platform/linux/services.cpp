@@ -1,5 +1,6 @@
 #include "platform/linux/services.h"
 
+#include <algorithm>
 #include <dlfcn.h>
 #include <filesystem>
 #include <iostream>
@@ -8,10 +9,25 @@
 
 #include "frame/utf8.h"
 #include "platform/linux/code_pages.h"
+#include "platform/linux/file_system_object.h"
 #include "platform/linux/launch.h"
+#include "platform/linux/letter_case.h"
 #include "platform/linux/regional.h"
 
 namespace tovera {
+namespace {
+
+/// The objects that this home has for programs, by their ProgID in capitals.
+struct ObjectMaker {
+    std::u16string_view progId;
+    ObjectRef (*make)(Services& services);
+};
+
+constexpr ObjectMaker objectMakers[] = {
+    {u"SCRIPTING.FILESYSTEMOBJECT", makeFileSystemObject},
+};
+
+}  // namespace
 
 I4 LinuxServices::messageBox(const Bstr& text, I4 /*flags*/, const Bstr& title) {
     constexpr I4 okButton = 1;
@@ -28,8 +44,11 @@ R8 LinuxServices::launch(const Bstr& commandLine, WindowStyle /*style*/) {
     return launchProgram(toUtf8(commandLine));
 }
 
-ObjectRef LinuxServices::createObject(std::u16string_view /*progId*/) {
-    raise(ErrorNumber::CannotCreateObject);
+ObjectRef LinuxServices::createObject(std::u16string_view progId) {
+    const auto name = capitals(progId);
+    const auto* const row = std::ranges::find(objectMakers, name, &ObjectMaker::progId);
+    if (row == std::end(objectMakers)) raise(ErrorNumber::CannotCreateObject);
+    return row->make(*this);
 }
 
 ComponentFacts LinuxServices::facts() {

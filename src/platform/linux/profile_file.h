@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Profile (INI) files of the system's own paths, opened anew at each call. Texts are ANSI bytes. A write
+// happens whole or not at all and is on the disk when it returns; the writes of several processes happen one
+// after the other.
+namespace tovera {
+
+/// The value of an entry as it stands, or nothing. A file that can't be read is one without entries.
+std::optional<std::string> readProfileEntry(const std::string& path, std::string_view section,
+                                            std::string_view key);
+
+/// The sections of a file, or the keys of a section, each with a NUL behind it.
+std::string readProfileSections(const std::string& path);
+std::string readProfileKeys(const std::string& path, std::string_view section);
+
+/// True when the file is as it should be. A missing file is made for a value, a missing folder isn't.
+bool writeProfileEntry(const std::string& path, std::string_view section, std::string_view key,
+                       std::string_view value);
+bool removeProfileEntry(const std::string& path, std::string_view section, std::string_view key);
+bool removeProfileSection(const std::string& path, std::string_view section);
+
+}  // namespace tovera
