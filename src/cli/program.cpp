@@ -58,8 +58,9 @@ int runSteps(const CatalogueEntry& entry, std::span<const std::string> texts, st
     const auto steps = parseSteps(texts);
     std::size_t running = 0;
     try {
-        Runner runner(entry.create(home()), entry.description(), out);
+        Runner runner(entry.create(home()), entry.description(), home().services, out);
         for (; running < steps.size(); ++running) runner.run(steps[running]);
+        runner.saveForms();
         return success;
     } catch (const AutomationError& error) {
         out.flush();

@@ -35,6 +35,7 @@ void Runner::write(const Step& step) {
 
 Variant Runner::argument(const ArgumentExpression& expression) {
     if (const auto* literal = std::get_if<Variant>(&expression)) return *literal;
+    if (const auto* form = std::get_if<FormUse>(&expression)) return forms_.open(form->path);
     const auto* use = std::get_if<VariableUse>(&expression);
     if (!use) return Variant::missing();
     auto& value = variable(use->name);

@@ -17,8 +17,13 @@ struct VariableUse {
     std::optional<Variant> value;
 };
 
-/// A literal, a variable, or nothing for an argument that is left out.
-using ArgumentExpression = std::variant<std::monostate, Variant, VariableUse>;
+/// The form of a form file.
+struct FormUse {
+    std::u16string path;
+};
+
+/// A literal, a variable, a form, or nothing for an argument that is left out.
+using ArgumentExpression = std::variant<std::monostate, Variant, VariableUse, FormUse>;
 
 struct Step {
     enum class Form {

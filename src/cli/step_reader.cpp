@@ -180,11 +180,21 @@ ArgumentExpression StepReader::takeArgument() {
     auto name = takeName();
     if (name.empty()) return std::monostate{};
     skipBlanks();
+    if (name == u"form" && take(u'(')) return takeForm();
     if (!take(u'=')) return VariableUse{std::move(name), {}};
     skipBlanks();
     auto value = takeLiteral();
     if (!value) fail("a value for the variable \"" + toUtf8(name) + "\"");
     return VariableUse{std::move(name), std::move(value)};
+}
+
+FormUse StepReader::takeForm() {
+    skipBlanks();
+    const auto path = takeLiteral();
+    if (!path || !path->is<Bstr>()) fail("the path of a form file, as a text");
+    skipBlanks();
+    if (!take(u')')) fail("the closing parenthesis of form is missing");
+    return {std::u16string(path->as<Bstr>()->view())};
 }
 
 }  // namespace tovera::cli

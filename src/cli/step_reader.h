@@ -31,6 +31,7 @@ class StepReader {
     Variant takeNumber();
     Variant takeArray();
     I4 takeBound();
+    FormUse takeForm();
 
     std::u16string_view text_;
     std::size_t at_ = 0;

@@ -24,6 +24,8 @@ Arguments and values
   True  False  Empty  Null  Nothing
   #2002-05-06#  #2002-05-06 12:00:00#
   [1..2] "a", "b"     an array of texts
+  form("FILE.frm")    the form of a Visual Basic form file; texts that the steps
+                      change are written back to the file when all steps are done
   name  name=VALUE    a variable, passed by reference and seen by the later steps
   (nothing)           an argument left out
 
