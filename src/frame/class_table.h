@@ -34,7 +34,7 @@ struct Row {
 
     constexpr auto parameters() const {
         return [this]<std::size_t... I>(std::index_sequence<I...>) {
-            return std::array<ParameterDescription, parameterCount>{describe<I>()...};
+            return std::array<ParameterDescription, parameterCount>{this->template describe<I>()...};
         }
         (std::make_index_sequence<parameterCount>());
     }

@@ -11,6 +11,8 @@ template <class... Cases>
 struct Overloaded : Cases... {
     using Cases::operator()...;
 };
+template <class... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
 
 [[noreturn]] void mismatch() {
     raise(ErrorNumber::TypeMismatch);
@@ -38,7 +40,7 @@ R8 Conversions::number(const Variant& value) const {
                               if (!parsed) mismatch();
                               return *parsed;
                           },
-                          [this](const Reference&) -> R8 { mismatch(); },
+                          [](const Reference&) -> R8 { mismatch(); },
                           []<class T>(const T& plain) -> R8 {
                               if constexpr (std::is_arithmetic_v<T>) {
                                   return plain;

@@ -128,7 +128,7 @@ std::optional<Date> parseDate(std::u16string_view text, const RegionalSettings& 
 
 std::u16string dateToText(Date date, const RegionalSettings& regional) {
     const auto p = partsOf(date);
-    const auto time = formatted("%02d:%02d:%02d", p.hour, p.minute, p.second);
+    auto time = formatted("%02d:%02d:%02d", p.hour, p.minute, p.second);
     if (dayNumber(p.year, p.month, p.day) == 0) return time;
     const bool midnight = p.hour == 0 && p.minute == 0 && p.second == 0;
     const auto day =

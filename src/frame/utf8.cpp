@@ -1,5 +1,6 @@
 #include "frame/utf8.h"
 
+#include <array>
 #include <cstdint>
 
 namespace tovera {
@@ -59,7 +60,7 @@ Decoded decode(std::string_view bytes) {
         if ((byte(i) & 0xC0) != 0x80) return {replacement, 1};
         code = (code << 6) | (byte(i) & 0x3F);
     }
-    constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    constexpr std::array<char32_t, 5> smallest{0, 0, 0x80, 0x800, 0x10000};
     const bool surrogate = code >= 0xD800 && code < 0xE000;
     if (code < smallest[length] || code > 0x10FFFF || surrogate) return {replacement, 1};
     return {code, length};
