@@ -1,0 +1,132 @@
+#include "platform/linux/odbc32.h"
+
+#include <algorithm>
+#include <array>
+#include <odbcinst.h>
+#include <sql.h>
+#include <sqlext.h>
+
+#include "frame/utf8.h"
+#include "platform/linux/code_pages.h"
+#include "platform/linux/entry_point.h"
+#include "platform/linux/odbc_mirror.h"
+
+namespace tovera {
+namespace {
+
+constexpr std::string_view givenSource = "MS Access Database";
+
+/// The functions of unixODBC that the port calls.
+struct OdbcLibrary {
+    SharedLibrary manager{"libodbc.so.2"};
+    SharedLibrary installer{"libodbcinst.so.2"};
+    EntryPoint<decltype(::SQLAllocHandle)> allocHandle{manager, "SQLAllocHandle"};
+    EntryPoint<decltype(::SQLSetEnvAttr)> setEnvAttr{manager, "SQLSetEnvAttr"};
+    EntryPoint<decltype(::SQLDataSources)> dataSources{manager, "SQLDataSources"};
+    EntryPoint<decltype(::SQLFreeHandle)> freeHandle{manager, "SQLFreeHandle"};
+    EntryPoint<decltype(::SQLGetPrivateProfileString)> getPrivateProfileString{installer,
+                                                                               "SQLGetPrivateProfileString"};
+};
+
+OdbcLibrary& unixOdbc() {
+    static OdbcLibrary functions;
+    return functions;
+}
+
+/// The library file of the Access driver as it is registered; empty where it is not.
+std::string accessDriverFile() {
+    auto& odbc = unixOdbc();
+    if (!odbc.installer.isPresent()) return {};
+    std::array<char, 1024> file{};
+    odbc.getPrivateProfileString(accessDriver.data(), "Driver", "", file.data(), int{file.size()},
+                                 "odbcinst.ini");
+    return file.data();
+}
+
+bool isAccessDriver(std::string_view driver) {
+    if (sameFolded(driver, accessDriver)) return true;
+    const auto file = accessDriverFile();
+    return !file.empty() && (driver == file || driver.ends_with("/" + file));
+}
+
+/// Fills a buffer as ODBC does, with a NUL behind a text that is cut; whether it was whole.
+bool fill(AnsiText& buffer, I2& length, std::string_view text) {
+    length = static_cast<I2>(text.size());
+    const auto room = buffer.bytes.size();
+    if (room == 0) return false;
+    const auto count = std::min(text.size(), room - 1);
+    std::copy_n(text.begin(), count, buffer.bytes.begin());
+    buffer.bytes[count] = '\0';
+    return count == text.size();
+}
+
+std::string ansi(std::span<const char> text, SQLSMALLINT length) {
+    const auto count = std::min(static_cast<std::size_t>(std::max(length, SQLSMALLINT{0})), text.size() - 1);
+    return toAnsi1252(fromUtf8({text.data(), count}));
+}
+
+}  // namespace
+
+LinuxOdbc32::Environment* LinuxOdbc32::environmentOf(I4 handle) {
+    const std::lock_guard guard(mutex_);
+    const auto found = environments_.find(handle);
+    return found == environments_.end() ? nullptr : &found->second;
+}
+
+I4 LinuxOdbc32::SQLAllocHandle(I4 type, I4 /*parent*/, I4& handle) {
+    auto& odbc = unixOdbc();
+    if (type != SQL_HANDLE_ENV || !odbc.manager.isPresent()) return SQL_ERROR;
+    SQLHANDLE made = nullptr;
+    const auto status = odbc.allocHandle(SQLSMALLINT{SQL_HANDLE_ENV}, SQLHANDLE{}, &made);
+    if (!SQL_SUCCEEDED(status)) return status;
+    const std::lock_guard guard(mutex_);
+    handle = ++lastHandle_;
+    environments_[handle] = {made};
+    return status;
+}
+
+I4 LinuxOdbc32::SQLSetEnvAttr(I4 environment, I4 attribute, I4 value, I4 length) {
+    const auto* const of = environmentOf(environment);
+    if (!of) return SQL_INVALID_HANDLE;
+    const auto number = reinterpret_cast<SQLPOINTER>(static_cast<std::intptr_t>(value));
+    return unixOdbc().setEnvAttr(of->handle, attribute, number, length);
+}
+
+I4 LinuxOdbc32::SQLDataSources(I4 environment, I4 direction, AnsiText& name, I2& nameLength,
+                               AnsiText& description, I2& descriptionLength) {
+    auto* const of = environmentOf(environment);
+    if (!of) return SQL_INVALID_HANDLE;
+    std::array<char, 1024> source{};
+    std::array<char, 1024> driver{};
+    SQLSMALLINT sourceLength = 0;
+    SQLSMALLINT driverLength = 0;
+    const auto status = unixOdbc().dataSources(
+        of->handle, static_cast<SQLUSMALLINT>(direction), reinterpret_cast<SQLCHAR*>(source.data()),
+        static_cast<SQLSMALLINT>(source.size()), &sourceLength, reinterpret_cast<SQLCHAR*>(driver.data()),
+        static_cast<SQLSMALLINT>(driver.size()), &driverLength);
+    auto sourceName = ansi(source, sourceLength);
+    auto driverName = ansi(driver, driverLength);
+    if (status == SQL_NO_DATA) {
+        if (of->givenSourceSeen || accessDriverFile().empty()) return status;
+        sourceName = givenSource;
+        driverName = accessDriver;
+    } else if (!SQL_SUCCEEDED(status)) {
+        return status;
+    }
+    of->givenSourceSeen = of->givenSourceSeen || sourceName == givenSource;
+    if (isAccessDriver(driverName)) driverName = accessDescription;
+    const bool isNameWhole = fill(name, nameLength, sourceName);
+    const bool isDescriptionWhole = fill(description, descriptionLength, driverName);
+    return isNameWhole && isDescriptionWhole ? SQL_SUCCESS : SQL_SUCCESS_WITH_INFO;
+}
+
+I4 LinuxOdbc32::SQLFreeHandle(I4 type, I4 handle) {
+    const auto* const of = environmentOf(handle);
+    if (type != SQL_HANDLE_ENV || !of) return SQL_INVALID_HANDLE;
+    const auto status = unixOdbc().freeHandle(SQLSMALLINT{SQL_HANDLE_ENV}, of->handle);
+    const std::lock_guard guard(mutex_);
+    environments_.erase(handle);
+    return status;
+}
+
+}  // namespace tovera
