@@ -1,0 +1,87 @@
+#include "platform/windows/arrays.h"
+
+#include <algorithm>
+#include <new>
+#include <span>
+
+#include "frame/checked.h"
+#include "platform/windows/variants.h"
+
+namespace tovera {
+namespace {
+
+template <class Element>
+std::span<Element> elementsOf(SAFEARRAY& array) {
+    return {static_cast<Element*>(array.pvData), array.rgsabound[0].cElements};
+}
+
+Bstr elementText(BSTR element) {
+    return textOf(element);
+}
+
+Bstr elementText(const VARIANT& element) {
+    const auto value = valueOf(element);
+    if (value.is<Empty>()) return {};
+    const auto* const text = value.as<Bstr>();
+    if (!text) raise(ErrorNumber::TypeMismatch);
+    return *text;
+}
+
+template <class Element>
+std::vector<Bstr> textsOf(SAFEARRAY& array) {
+    std::vector<Bstr> texts;
+    texts.reserve(array.rgsabound[0].cElements);
+    for (const auto& element : elementsOf<Element>(array)) texts.push_back(elementText(element));
+    return texts;
+}
+
+void fill(SAFEARRAY& array, const StringArray& source, VARTYPE elements) {
+    for (std::size_t i = 0; const auto& text : source.elements()) {
+        if (elements == VT_BSTR) {
+            elementsOf<BSTR>(array)[i++] = allocateText(text);
+        } else {
+            elementsOf<VARIANT>(array)[i++] = SystemVariant(Variant(text)).release();
+        }
+    }
+}
+
+}  // namespace
+
+StringArray arrayOf(SAFEARRAY* array, VARTYPE elements) {
+    if (elements != VT_BSTR && elements != VT_VARIANT) raise(ErrorNumber::TypeMismatch);
+    if (!array || !array->pvData) return {};
+    const std::size_t size = elements == VT_BSTR ? sizeof(BSTR) : sizeof(VARIANT);
+    if (array->cDims != 1 || array->cbElements != size) raise(ErrorNumber::TypeMismatch);
+    auto texts = elements == VT_BSTR ? textsOf<BSTR>(*array) : textsOf<VARIANT>(*array);
+    auto converted = StringArray::of(std::move(texts), array->rgsabound[0].lLbound);
+    const bool isFixed = (array->fFeatures & (FADF_FIXEDSIZE | FADF_STATIC)) != 0;
+    return isFixed ? std::move(converted).fixed() : converted;
+}
+
+SAFEARRAY* makeArray(const StringArray& array, VARTYPE elements) {
+    if (!array.isDimensioned()) return nullptr;
+    SAFEARRAYBOUND bound{narrow<ULONG>(array.elements().size()), array.lowerBound()};
+    SAFEARRAY* const made = SafeArrayCreate(elements, 1, &bound);
+    if (!made) throw std::bad_alloc();
+    try {
+        fill(*made, array, elements);
+    } catch (...) {
+        SafeArrayDestroy(made);
+        throw;
+    }
+    return made;
+}
+
+bool sameBounds(const SAFEARRAY& a, const SAFEARRAY& b) {
+    return a.cDims == b.cDims && a.cbElements == b.cbElements &&
+           a.rgsabound[0].cElements == b.rgsabound[0].cElements &&
+           a.rgsabound[0].lLbound == b.rgsabound[0].lLbound;
+}
+
+void swapElements(SAFEARRAY& a, SAFEARRAY& b) noexcept {
+    auto* const first = static_cast<std::byte*>(a.pvData);
+    const auto bytes = std::size_t{a.rgsabound[0].cElements} * a.cbElements;
+    std::swap_ranges(first, first + bytes, static_cast<std::byte*>(b.pvData));
+}
+
+}  // namespace tovera

@@ -1,0 +1,88 @@
+#include "platform/windows/caller_variables.h"
+
+#include <algorithm>
+
+#include "frame/error.h"
+#include "platform/windows/arrays.h"
+
+namespace tovera {
+namespace {
+
+/// A reference to what the copy holds; a copy that holds no variable's type goes by value.
+Variant referenceTo(Variant& copy) {
+    return std::visit(
+        [&]<class T>(const T&) {
+            if constexpr (IsAlternativeOf<T*, Reference>::value) {
+                return Variant(Reference(copy.as<T>()));
+            } else {
+                return copy;
+            }
+        },
+        copy.value());
+}
+
+SAFEARRAY* arrayAt(void* address) {
+    return *static_cast<SAFEARRAY**>(address);
+}
+
+/// The array that a variable is to hold; one that is locked keeps its bounds.
+SystemVariant arrayFor(void* address, VARTYPE tag, const Variant& value) {
+    const auto* const array = value.as<StringArray>();
+    if (!array) raise(ErrorNumber::TypeMismatch);
+    SystemVariant made;
+    made.get().parray = makeArray(*array, tag & VT_TYPEMASK);
+    made.get().vt = tag;
+    const SAFEARRAY* const held = arrayAt(address);
+    const bool keepsBounds = held && made.get().parray && sameBounds(*held, *made.get().parray);
+    if (held && held->cLocks > 0 && !keepsBounds) raise(ErrorNumber::ArrayFixed);
+    return made;
+}
+
+/// What the variable is to hold, in its own type.
+SystemVariant valueFor(void* address, VARTYPE tag, const Variant& value) {
+    if (tag & VT_ARRAY) return arrayFor(address, tag, value);
+    SystemVariant made(value);
+    if (tag == VT_VARIANT || made.get().vt == tag) return made;
+    return made.as(tag);
+}
+
+void exchangeArrays(void* address, VARIANT& changed) noexcept {
+    SAFEARRAY*& held = *static_cast<SAFEARRAY**>(address);
+    if (held && changed.parray && sameBounds(*held, *changed.parray)) {
+        swapElements(*held, *changed.parray);
+    } else {
+        std::swap(held, changed.parray);
+    }
+}
+
+/// The variable gets the new value, and the old one is freed with what held the new.
+void exchange(void* address, VARTYPE tag, VARIANT& changed) noexcept {
+    if (tag == VT_VARIANT) {
+        std::swap(*static_cast<VARIANT*>(address), changed);
+    } else if (tag & VT_ARRAY) {
+        exchangeArrays(address, changed);
+    } else {
+        auto* const first = static_cast<std::byte*>(address);
+        std::swap_ranges(first, first + sizeOf(tag), static_cast<std::byte*>(placeOf(changed, tag)));
+    }
+}
+
+}  // namespace
+
+Variant CallerVariables::argument_(const VARIANT& argument, int chain) {
+    if (!(argument.vt & VT_BYREF)) return valueOf(argument);
+    if (!argument.byref || chain == 0) raise(ErrorNumber::TypeMismatch);
+    const auto tag = static_cast<VARTYPE>(argument.vt & ~VT_BYREF);
+    Variant copy = tag == VT_VARIANT ? argument_(*argument.pvarVal, chain - 1) : valueOf(argument);
+    auto& variable = variables_.emplace_back(Variable{argument.byref, tag, std::move(copy), {}, {}});
+    variable.before = variable.value;
+    return tag == VT_VARIANT ? Variant(Reference(&variable.value)) : referenceTo(variable.value);
+}
+
+void CallerVariables::writeBack() {
+    std::erase_if(variables_, [](const Variable& v) { return v.value == v.before; });
+    for (auto& v : variables_) v.changed = valueFor(v.address, v.tag, v.value);
+    for (auto& v : variables_) exchange(v.address, v.tag, v.changed.get());
+}
+
+}  // namespace tovera

@@ -1,0 +1,18 @@
+#include "platform/windows/entry_point.h"
+
+#include "frame/error.h"
+
+namespace tovera {
+
+FARPROC findEntryPoint(const wchar_t* library, const char* name) {
+    const HMODULE module = LoadLibraryW(library);
+    if (!module) raise(ErrorNumber::FileNotFound);
+    const FARPROC found = GetProcAddress(module, name);
+    if (!found) {
+        FreeLibrary(module);
+        raise(ErrorNumber::EntryPointNotFound);
+    }
+    return found;
+}
+
+}  // namespace tovera

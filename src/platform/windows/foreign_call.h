@@ -1,0 +1,15 @@
+#pragma once
+
+#include <span>
+
+#include "frame/object.h"
+#include "platform/windows/variants.h"
+
+namespace tovera {
+
+/// Calls a member of another program's object. What it changes in variables that are passed by reference is
+/// there afterwards, after a failure as well. A failure is raised as the object told it.
+SystemVariant callForeign(IDispatch& object, DISPID member, CallKind kind,
+                          std::span<const Variant> arguments);
+
+}  // namespace tovera

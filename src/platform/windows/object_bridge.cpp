@@ -1,0 +1,37 @@
+#include "platform/windows/object_bridge.h"
+
+#include "platform/windows/com_pointer.h"
+#include "platform/windows/foreign_object.h"
+
+namespace tovera {
+
+const IID& ownObjectId() {
+    static const char place = 0;
+    // The address makes it differ from that of another copy, loaded from another file.
+    static const IID id{static_cast<unsigned long>(reinterpret_cast<std::uintptr_t>(&place)),
+                        0x4A0E,
+                        0x4B57,
+                        {0x9C, 0x31, 0x60, 0xD2, 0x8E, 0x17, 0xAA, 0x05}};
+    return id;
+}
+
+ObjectRef objectOf(IUnknown* unknown) {
+    if (!unknown) return {};
+    void* own = nullptr;
+    if (SUCCEEDED(unknown->QueryInterface(ownObjectId(), &own)))
+        return ObjectRef::adopt(static_cast<Object*>(own));
+    auto dispatch = ComPointer<IUnknown>(unknown).as<IDispatch>(IID_IDispatch);
+    if (!dispatch) raise(ErrorNumber::TypeMismatch);
+    return makeObject<ForeignObject>(std::move(dispatch));
+}
+
+IDispatch* dispatchOf(const ObjectRef& object) {
+    if (!object) return nullptr;
+    auto* const source = dynamic_cast<DispatchSource*>(object.get());
+    if (!source) raise(ErrorNumber::TypeMismatch);
+    IDispatch* const dispatch = source->dispatch();
+    dispatch->AddRef();
+    return dispatch;
+}
+
+}  // namespace tovera

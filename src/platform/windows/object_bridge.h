@@ -1,0 +1,28 @@
+#pragma once
+
+#include "frame/object.h"
+#include "platform/windows/system.h"
+
+// Objects cross the border in both directions with their identity kept: one of the component's own comes
+// back as itself, and a foreign one goes out again as itself.
+namespace tovera {
+
+/// An object of the frame that other programs reach through this `IDispatch`, of which it keeps a reference.
+class DispatchSource {
+  public:
+    virtual IDispatch* dispatch() noexcept = 0;
+
+  protected:
+    ~DispatchSource() = default;
+};
+
+/// What an object of this very copy of the component answers with its `Object`. No other object knows it.
+const IID& ownObjectId();
+
+/// The object behind an interface: nothing for nothing, error 13 for one that isn't late-bound.
+ObjectRef objectOf(IUnknown* unknown);
+
+/// The interface of an object, with a reference that the caller takes over: nothing for nothing.
+IDispatch* dispatchOf(const ObjectRef& object);
+
+}  // namespace tovera

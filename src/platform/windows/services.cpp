@@ -1,0 +1,112 @@
+#include "platform/windows/services.h"
+
+#include "platform/windows/com_pointer.h"
+#include "platform/windows/launch.h"
+#include "platform/windows/module.h"
+#include "platform/windows/object_bridge.h"
+#include "platform/windows/regional.h"
+
+namespace tovera {
+namespace {
+
+const wchar_t* addressOf(const Bstr& text) {
+    return reinterpret_cast<const wchar_t*>(text.view().data());
+}
+
+/// The screen's device, for its resolution.
+class Screen {
+  public:
+    Screen() : device_(GetDC(nullptr)) {}
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+    ~Screen() { ReleaseDC(nullptr, device_); }
+
+    /// There are 1440 twips in an inch.
+    I4 twipsPerPixel(int dotsPerInch) const {
+        const int dots = GetDeviceCaps(device_, dotsPerInch);
+        return dots > 0 ? 1440 / dots : 15;
+    }
+
+  private:
+    HDC device_;
+};
+
+}  // namespace
+
+I4 WindowsServices::messageBox(const Bstr& text, I4 flags, const Bstr& title) {
+    return MessageBoxW(GetActiveWindow(), addressOf(text), addressOf(title), static_cast<UINT>(flags));
+}
+
+R8 WindowsServices::launch(const Bstr& commandLine, WindowStyle style) {
+    return launchProgram(commandLine, style);
+}
+
+ObjectRef WindowsServices::createObject(std::u16string_view progId) {
+    const std::wstring name(progId.begin(), progId.end());
+    CLSID classId;
+    ComPointer<IDispatch> created;
+    HRESULT status = CLSIDFromProgID(name.c_str(), &classId);
+    if (SUCCEEDED(status)) {
+        void* found = nullptr;
+        status = CoCreateInstance(classId, nullptr, CLSCTX_SERVER, IID_IDispatch, &found);
+        *created.out() = static_cast<IDispatch*>(found);
+    }
+    if (FAILED(status) || !created) raise(ErrorNumber::CannotCreateObject);
+    return objectOf(created.get());
+}
+
+ComponentFacts WindowsServices::facts() {
+    const auto file = ownFileName();
+    const auto name = file.find_last_of(L'\\') + 1;
+    const Screen screen;
+    ComponentFacts facts;
+    facts.folder =
+        std::u16string(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(name ? name - 1 : 0));
+    const auto stem = file.substr(name, file.find_last_of(L'.') - name);
+    facts.fileName = std::u16string(stem.begin(), stem.end());
+    facts.moduleHandle = static_cast<I4>(reinterpret_cast<std::intptr_t>(ownModule()));
+    facts.twipsPerPixelX = screen.twipsPerPixel(LOGPIXELSX);
+    facts.twipsPerPixelY = screen.twipsPerPixel(LOGPIXELSY);
+    facts.screenWidthTwips = GetSystemMetrics(SM_CXSCREEN) * facts.twipsPerPixelX;
+    facts.screenHeightTwips = GetSystemMetrics(SM_CYSCREEN) * facts.twipsPerPixelY;
+    return facts;
+}
+
+RegionalSettings WindowsServices::regionalSettings() {
+    return userRegionalSettings();
+}
+
+std::string WindowsServices::toAnsi(std::u16string_view text) {
+    const auto* const units = reinterpret_cast<const wchar_t*>(text.data());
+    const auto count = static_cast<int>(text.size());
+    if (count == 0) return {};
+    const int size =
+        WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, units, count, nullptr, 0, nullptr, nullptr);
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, units, count, bytes.data(), size, nullptr, nullptr);
+    return bytes;
+}
+
+std::u16string WindowsServices::fromAnsi(std::string_view bytes) {
+    const auto count = static_cast<int>(bytes.size());
+    if (count == 0) return {};
+    const int size = MultiByteToWideChar(CP_ACP, 0, bytes.data(), count, nullptr, 0);
+    std::u16string text(static_cast<std::size_t>(size), u'\0');
+    MultiByteToWideChar(CP_ACP, 0, bytes.data(), count, reinterpret_cast<wchar_t*>(text.data()), size);
+    return text;
+}
+
+void WindowsServices::pumpMessages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            // The host's own loop is to end, not this one.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+}  // namespace tovera
