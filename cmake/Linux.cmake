@@ -21,5 +21,9 @@ set_target_properties(tovera_program PROPERTIES
 # The generators of texts made from the class table.
 add_executable(reference_pages tools/reference_pages.cpp)
 target_link_libraries(reference_pages PRIVATE tovera tovera_options)
+file(GLOB interface_sources CONFIGURE_DEPENDS tools/interface/*.cpp)
+add_executable(interface_texts ${interface_sources})
+target_include_directories(interface_texts PRIVATE tools)
+target_link_libraries(interface_texts PRIVATE tovera tovera_options)
 
 include(Install)
