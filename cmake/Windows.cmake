@@ -1,0 +1,25 @@
+# The Windows home: the portable logic with the real ports, and the component.
+enable_language(RC)
+
+# Hosts call with a stack that is aligned to 4 bytes only. Sections let the linker drop what nobody calls.
+target_compile_options(tovera_options INTERFACE -mstackrealign -ffunction-sections -fdata-sections)
+
+file(GLOB layer CONFIGURE_DEPENDS src/platform/windows/*.cpp)
+add_library(tovera_logic STATIC ${logic} ${layer})
+target_link_libraries(tovera_logic PUBLIC tovera_options ole32 oleaut32 uuid advapi32 gdi32)
+target_compile_definitions(tovera_logic PUBLIC
+    WIN32_LEAN_AND_MEAN NOMINMAX WINVER=0x0600 _WIN32_WINNT=0x0600)
+
+include(TypeLibrary)
+
+file(GLOB shell CONFIGURE_DEPENDS src/automation/*.cpp)
+add_library(tovera_component SHARED ${shell} src/automation/tovera.rc src/automation/tovera.def)
+target_link_libraries(tovera_component PRIVATE tovera_logic)
+add_dependencies(tovera_component type_library)
+set_property(SOURCE src/automation/tovera.rc APPEND PROPERTY OBJECT_DEPENDS ${TOVERA_TYPE_LIBRARY})
+set_property(SOURCE src/automation/tovera.rc APPEND PROPERTY INCLUDE_DIRECTORIES ${CMAKE_BINARY_DIR})
+# No import library is made: callers come through the registry. The same sources give the same bytes.
+target_link_options(tovera_component PRIVATE
+    -static -s LINKER:--kill-at,--gc-sections,--dynamicbase,--nxcompat,--no-insert-timestamp)
+set_target_properties(tovera_component PROPERTIES
+    OUTPUT_NAME TOVERA PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "frame/component_object.h"
+#include "platform/windows/object_bridge.h"
+#include "platform/windows/system.h"
+
+namespace tovera {
+
+using Slot = void (*)();
+
+/// The standard slots of a dual interface: three of `IUnknown` and four of `IDispatch`.
+inline constexpr std::size_t standardSlots = 7;
+
+/// What the shell needs to know of a class: its identities, and the slots of its dual interface.
+struct ShellClass {
+    const ClassDescription& (*description)();
+    const Slot* slots;
+    /// A new object with one reference.
+    IDispatch* (*create)();
+    IID interfaceId;
+    CLSID classId;
+};
+
+class AutomationObject;
+
+/// A dual interface as callers see it: an address that leads to the slots.
+struct DualInterface {
+    const Slot* slots;
+    AutomationObject* object;
+};
+
+/// The first entries of the slots of every class.
+std::array<Slot, standardSlots> standardSlotFunctions();
+
+/// An object of the component as Automation clients reach it.
+class AutomationObject : public ComponentObject,
+                         public DispatchSource,
+                         public ISupportErrorInfo,
+                         public IProvideClassInfo {
+  public:
+    explicit AutomationObject(const ShellClass& shellClass);
+
+    const ShellClass& shellClass() const { return shellClass_; }
+    IDispatch* dispatch() noexcept override { return reinterpret_cast<IDispatch*>(&dual_); }
+    using ComponentObject::instance;
+
+    STDMETHODIMP QueryInterface(REFIID interfaceId, void** found) override;
+    STDMETHODIMP_(ULONG) AddRef() override;
+    STDMETHODIMP_(ULONG) Release() override;
+    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID interfaceId) override;
+    STDMETHODIMP GetClassInfo(ITypeInfo** found) override;
+
+  protected:
+    ~AutomationObject() override;
+
+  private:
+    const ShellClass& shellClass_;
+    DualInterface dual_;
+};
+
+}  // namespace tovera

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "automation/automation_object.h"
+
+namespace tovera {
+
+/// Makes the objects of one class. A factory lives as long as the component is loaded and isn't counted: who
+/// wants the component to stay while holding nothing but a factory locks it.
+class ClassFactory : public IClassFactory {
+  public:
+    explicit ClassFactory(const ShellClass& shellClass) : shellClass_(shellClass) {}
+
+    const CLSID& classId() const { return shellClass_.classId; }
+
+    STDMETHODIMP QueryInterface(REFIID interfaceId, void** found) override;
+    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID interfaceId, void** created) override;
+    STDMETHODIMP LockServer(BOOL lock) override;
+
+  private:
+    const ShellClass& shellClass_;
+};
+
+/// The factory of a class, or null.
+ClassFactory* findFactory(const CLSID& classId);
+
+}  // namespace tovera

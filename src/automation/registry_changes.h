@@ -1,0 +1,42 @@
+#pragma once
+
+#include <vector>
+
+#include "automation/registry_entries.h"
+#include "platform/windows/system.h"
+
+namespace tovera {
+
+/// Entries being written below one root. Unless they are kept, the end of this object takes them back, the
+/// last one first, so that keys and texts are again what they were.
+class RegistryChanges {
+  public:
+    explicit RegistryChanges(HKEY root) : root_(root) {}
+    RegistryChanges(const RegistryChanges&) = delete;
+    RegistryChanges& operator=(const RegistryChanges&) = delete;
+    ~RegistryChanges();
+
+    LSTATUS write(const RegistryEntry& entry);
+    void keep() { undo_.clear(); }
+
+  private:
+    struct Undo {
+        RegistryEntry entry;
+        bool keyMade;
+        DWORD type;
+        std::vector<BYTE> data;
+        bool hadData;
+    };
+    void takeBack(const Undo& undo) const;
+
+    HKEY root_;
+    std::vector<Undo> undo_;
+};
+
+/// Removes a text, and its key once that is empty. One that isn't there is no failure.
+LSTATUS removeEntry(HKEY root, const RegistryEntry& entry);
+
+/// Whether a key is there.
+bool hasKey(HKEY root, const std::wstring& key);
+
+}  // namespace tovera

@@ -1,0 +1,91 @@
+#include "automation/registry_entries.h"
+
+#include "catalogue/catalogue.h"
+#include "catalogue/identities.h"
+#include "catalogue/library_facts.h"
+#include "frame/utf8.h"
+#include "platform/windows/module.h"
+
+namespace tovera {
+namespace {
+
+/// The system's own marshalling of dual interfaces, by their type library.
+constexpr std::wstring_view typeLibraryMarshaller = L"{00020424-0000-0000-C000-000000000046}";
+constexpr std::wstring_view classes = L"Software\\Classes";
+
+std::wstring wide(std::string_view text) {
+    const auto converted = fromUtf8(text);
+    return {converted.begin(), converted.end()};
+}
+
+std::wstring braced(const InterfaceId& id) {
+    return L"{" + wide(idText(id)) + L"}";
+}
+
+std::wstring folderOf(const std::wstring& file) {
+    return file.substr(0, file.find_last_of(L'\\'));
+}
+
+/// Collects entries below one key.
+class KeyWriter {
+  public:
+    KeyWriter(std::vector<RegistryEntry>& entries, std::wstring key)
+        : entries_(entries), key_(std::move(key)) {
+        entries_.push_back({key_, {}, {}});
+    }
+    KeyWriter key(std::wstring_view name) const { return {entries_, key_ + L"\\" + std::wstring(name)}; }
+    const KeyWriter& text(std::wstring_view text) const { return named(L"", text); }
+    const KeyWriter& named(std::wstring_view name, std::wstring_view text) const {
+        entries_.push_back({key_, std::wstring(name), std::wstring(text)});
+        return *this;
+    }
+
+  private:
+    std::vector<RegistryEntry>& entries_;
+    std::wstring key_;
+};
+
+void addClass(const KeyWriter& root, const KeyWriter& classIds, const ClassDescription& description) {
+    const auto progId = wide(description.progId);
+    const auto classId = braced(identityOf(description.name));
+    const auto byProgId = root.key(progId).text(progId);
+    byProgId.key(L"Clsid").text(classId);
+    const auto byId = classIds.key(classId).text(progId);
+    byId.key(L"InprocServer32").text(ownFileName()).named(L"ThreadingModel", L"Apartment");
+    byId.key(L"ProgID").text(progId);
+    byId.key(L"Programmable");
+    byId.key(L"TypeLib").text(braced(libraryId()));
+    byId.key(L"VERSION").text(wide(libraryVersion));
+}
+
+void addInterface(const KeyWriter& interfaces, const ClassDescription& description) {
+    const auto name = "_" + std::string(description.name);
+    const auto byId = interfaces.key(braced(identityOf(name))).text(wide(name));
+    byId.key(L"ProxyStubClsid32").text(typeLibraryMarshaller);
+    byId.key(L"TypeLib").text(braced(libraryId())).named(L"Version", wide(libraryVersion));
+}
+
+void addTypeLibrary(const KeyWriter& libraries) {
+    const auto version = libraries.key(braced(libraryId())).key(wide(libraryVersion)).text(wide(libraryHelp));
+    version.key(L"0").key(L"win32").text(ownFileName());
+    version.key(L"FLAGS").text(L"0");
+    version.key(L"HELPDIR").text(folderOf(ownFileName()));
+}
+
+}  // namespace
+
+std::vector<RegistryEntry> registryEntries() {
+    std::vector<RegistryEntry> entries;
+    const KeyWriter root(entries, std::wstring(classes));
+    const auto classIds = root.key(L"CLSID");
+    const auto interfaces = root.key(L"Interface");
+    const auto libraries = root.key(L"TypeLib");
+    for (const auto& entry : catalogue()) {
+        addClass(root, classIds, entry.description());
+        addInterface(interfaces, entry.description());
+    }
+    addTypeLibrary(libraries);
+    return entries;
+}
+
+}  // namespace tovera
