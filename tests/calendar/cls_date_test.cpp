@@ -1,0 +1,125 @@
+#include <cmath>
+
+#include "calendar/class_table.h"
+#include "frame/date_time.h"
+#include "support/named_calls.h"
+
+namespace tovera::testing {
+namespace {
+
+constexpr I4 lowest = std::numeric_limits<I4>::min();
+constexpr I4 highest = std::numeric_limits<I4>::max();
+
+Date day(I4 year, I4 month, I4 dayOfMonth) {
+    return Date{static_cast<R8>(dayNumber(year, month, dayOfMonth))};
+}
+
+/// The ecclesiastical rule for any Gregorian year, which the members' own rule must meet from 1900 to 2099.
+Date easterOf(I4 Y) {
+    const I4 a = Y % 19, b = Y / 100, c = Y % 100;
+    const I4 h = (19 * a + b - b / 4 - (b - (b + 8) / 25 + 1) / 3 + 15) % 30;
+    const I4 l = (32 + 2 * (b % 4) + 2 * (c / 4) - h - c % 4) % 7;
+    const I4 n = h + l - 7 * ((a + 11 * h + 22 * l) / 451) + 114;
+    return day(Y, n / 31, n % 31 + 1);
+}
+
+/// The described rule for any other year.
+Date ruleOf(I4 Y, const RegionalSettings& regional) {
+    const I4 d = (19 * (Y % 19) + 24) % 30;
+    const I4 e = (2 * (Y % 4) + 4 * (Y % 7) + 6 * d + 5) % 7;
+    return day(windowedYear(Y, regional), 3, 22 + d + e);
+}
+
+TEST(ClsDate, Easter) {
+    TestPlatform test;
+    Cls_Date object(test.platform);
+    for (I4 year = 1900; year <= 2099; ++year) EXPECT_EQ(object.Paques(year), easterOf(year)) << year;
+    for (I4 year = 0; year <= 9999; ++year) {
+        if (year == 1954 || year == 1981 || year == 2049 || year == 2076) continue;
+        ASSERT_EQ(object.Paques(static_cast<R8>(year)), ruleOf(year, test.services.regional)) << year;
+    }
+}
+
+TEST(ClsDate, ByName) {
+    TestPlatform test;
+    Variant year(I2{2002});
+    expectCallsOfEveryMethod<Cls_Date>(
+        test.platform, {
+                           {u"Paques", {I2{2002}}, day(2002, 3, 31)},
+                           {u"Paques", {u" 2002 "}, day(2002, 3, 31)},
+                           {u"Paques", {u"2 002"}, {}, 13},
+                           {u"Paques", {Reference{&year}}, day(2002, 3, 31)},
+                           {u"Paques", {R8{1999.5}}, day(2000, 4, 23)},
+                           {u"Paques", {R8{1954.4}}, day(1954, 4, 25)},  // not the year that the rule excepts
+                           {u"Paques", {u"1954"}, day(1954, 4, 18)},
+                           {u"Paques", {I2{2}}, ruleOf(2, test.services.regional)},
+                           {u"Paques", {Variant{}}, ruleOf(0, test.services.regional)},
+                           {u"Paques", {u"deux mille"}, {}, 13},
+                           {u"Paques", {I4{32768}}, {}, 6},
+                           {u"Paques", {R8{1e10}}, {}, 6},
+                           {u"Paques", {I2{-1}}, {}, 5},
+                           {u"Paques", {I2{10000}}, {}, 5},
+                           {u"Paques", {Null{}}, {}, 94},
+                           {u"Paques", {ObjectRef{}}, {}, 13},
+                           {u"DateFRtoUS", {u"25/12/2002"}, u"12/25/2002"},
+                           {u"DateFRtoUS", {u"25/12/02"}, u"12/25/02"},
+                           {u"DateFRtoUS", {u"31-12-2002"}, u"12/31/2002"},
+                           {u"DateFRtoUS", {u""}, u"//"},
+                           {u"DateFRtoUS", {u"1/2/2002"}, u"/2/1//02"},
+                           {u"DateFRtoUS", {u"1"}, u"1/1/1"},
+                           {u"DateFRtoUS", {u"25/12/2002 "}, u"12/25/2 "},
+                           {u"DateUStoFR", {u"12/25/2002"}, u"25/12/2002"},
+                           {u"SecondeEnHeure", {I4{0}}, u"00:00:00"},
+                           {u"SecondeEnHeure", {I4{59}}, u"00:00:59"},
+                           {u"SecondeEnHeure", {I4{3599}}, u"00:59:59"},
+                           {u"SecondeEnHeure", {I4{3661}}, u"01:01:01"},
+                           {u"SecondeEnHeure", {I4{86399}}, u"23:59:59"},
+                           {u"SecondeEnHeure", {I4{360000}}, u"100:00:00"},
+                           {u"SecondeEnHeure", {I4{-1}}, u"0-1:59:59"},
+                           {u"SecondeEnHeure", {highest}, u"596523:14:07"},
+                           {u"SecondeEnHeure", {lowest}, u"0-596524:45:52"},
+                           {u"HeureEnSeconde", {u"01:01:01"}, I4{3661}},
+                           {u"HeureEnSeconde", {u"31/12/1800 23:59:59"}, I4{86399}},
+                           {u"HeureEnSeconde", {Date{37382}}, I4{0}},
+                           {u"HeureEnSeconde", {Date{-1.25}}, I4{21600}},
+                           {u"HeureEnSeconde", {Date{0.999999}}, I4{0}},  // rounds to midnight
+                           {u"HeureEnSeconde", {Date{1e9}}, {}, 6},
+                           {u"Chrono", {I4{100}, I4{200}}, I4{100}},
+                           {u"Chrono", {I4{200}, I4{200}}, I4{0}},
+                           {u"Chrono", {I4{86399}, I4{1}}, I4{2}},
+                           {u"Chrono", {I4{82800}, I4{3600}}, I4{7200}},
+                           {u"Chrono", {I4{-1}, highest}, {}, 6},
+                           {u"Chrono", {highest, lowest}, {}, 6},
+                           {u"Chrono", {I4{1}, lowest}, lowest + 86399},
+                           {u"Chrono", {lowest, I4{0}}, {}, 6},
+                           {u"NBJoursOuvrablesParMois", {I2{2002}, I2{2}}, I2{20}},
+                           {u"NBJoursOuvrablesParMois", {I2{2001}, I2{13}}, I2{23}},
+                           {u"NBJoursOuvrablesParMois", {I2{2}, I2{2}}, I2{20}},
+                           {u"NBJoursOuvrablesParMois", {I2{9999}, I2{12}}, I2{23}},
+                           {u"NBJoursOuvrablesParMois", {I2{9999}, I2{13}}, {}, 5},
+                           {u"NBJoursOuvrablesParMois", {I2{100}, I2{0}}, {}, 5},
+                           {u"NBJoursOuvrablesParMois", {I2{2002}, I2{32767}}, {}, 6},
+                           {u"NBJoursOuvrablesParMois", {I2{-1}, I2{32767}}, {}, 6},
+                           {u"NBJoursOuvrablesParMois", {I2{-1}, I2{1}}, {}, 5},
+                           {u"NBJoursOuvrables", {day(2002, 5, 4), day(2002, 5, 6)}, I2{1}},
+                           {u"NBJoursOuvrables", {u"06/05/2002", u"2002-05-10"}, I2{5}},
+                           {u"NBJoursOuvrables", {u"31/02/2002", u"2002-05-10"}, {}, 13},
+                       });
+}
+
+TEST(ClsDate, AMonthIsCountedDayByDay) {
+    TestPlatform test;
+    Cls_Date object(test.platform);
+    for (I2 year = 101; year < 9999; year = I2(year + 37)) {
+        for (I2 month = -14; month <= 26; ++month) {
+            const I4 first = dayNumber(year, month, 1);
+            if (first < firstDay || first > lastDay) continue;
+            I4 count = 0;
+            for (I4 d = first; d < dayNumber(year, month + 1, 1); ++d) count += (d % 7 + 7) % 7 >= 2;
+            ASSERT_EQ(object.NBJoursOuvrablesParMois(year, month), count) << year << '-' << month;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace tovera::testing
