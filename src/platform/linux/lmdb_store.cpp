@@ -101,6 +101,7 @@ void LmdbStore::growTo(std::size_t size) {
 
 I4 LmdbStore::statusOf(const StoreFailure& failure, Purpose purpose) const {
     if (failure.isDamage()) return registryStatus::registryCorrupt;
+    if (failure.code == EIO && isRoomGone()) return registryStatus::diskFull;
     if (const auto status = registryStatus::ofSystemError(failure.code);
         status != registryStatus::cannotWrite) {
         return status;

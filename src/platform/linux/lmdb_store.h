@@ -72,6 +72,7 @@ class LmdbStore {
     void prepareForWriting();
     void makeCopy();
     bool isReplaced() const;
+    bool isRoomGone() const;
     void growTo(std::size_t size);
 
     std::string file(const char* name) const { return folder_ + "/" + name; }

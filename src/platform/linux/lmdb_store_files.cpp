@@ -8,7 +8,9 @@
 #include <iostream>
 #include <pthread.h>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include "platform/linux/lmdb_check.h"
@@ -79,6 +81,17 @@ bool LmdbStore::isOpen() const {
 bool LmdbStore::isReplaced() const {
     const auto facts = factsOf(file(dataFile));
     return !facts || facts->st_ino != inode_;
+}
+
+/// LMDB tells a write that ended early, for want of room, as an input or output error.
+bool LmdbStore::isRoomGone() const {
+    constexpr std::uint64_t littleRoom = std::uint64_t{1} << 20;
+    struct statvfs disk {};
+    if (statvfs(folder_.c_str(), &disk) == 0 && disk.f_bavail * disk.f_frsize < littleRoom) return true;
+    rlimit limit{};
+    const auto facts = factsOf(file(dataFile));
+    return facts && getrlimit(RLIMIT_FSIZE, &limit) == 0 &&
+           static_cast<std::uint64_t>(facts->st_size) + littleRoom > limit.rlim_cur;
 }
 
 void LmdbStore::open() {
