@@ -1,8 +1,9 @@
 # The Windows home: the portable logic with the real ports, and the component.
 enable_language(RC)
 
-# Hosts call with a stack that is aligned to 4 bytes only. Sections let the linker drop what nobody calls.
-target_compile_options(tovera_options INTERFACE -mstackrealign -ffunction-sections -fdata-sections)
+# Hosts call with a stack that is aligned to 4 bytes only. A component of this kind stays small: sections let
+# the linker drop what nobody calls.
+target_compile_options(tovera_options INTERFACE -mstackrealign -Os -ffunction-sections -fdata-sections)
 
 file(GLOB layer CONFIGURE_DEPENDS src/platform/windows/*.cpp)
 add_library(tovera_logic STATIC ${logic} ${layer})
@@ -13,13 +14,14 @@ target_compile_definitions(tovera_logic PUBLIC
 include(TypeLibrary)
 
 file(GLOB shell CONFIGURE_DEPENDS src/automation/*.cpp)
-add_library(tovera_component SHARED ${shell} src/automation/tovera.rc src/automation/tovera.def)
+add_library(tovera_component MODULE ${shell} src/automation/tovera.rc src/automation/tovera.def)
 target_link_libraries(tovera_component PRIVATE tovera_logic)
 add_dependencies(tovera_component type_library)
 set_property(SOURCE src/automation/tovera.rc APPEND PROPERTY OBJECT_DEPENDS ${TOVERA_TYPE_LIBRARY})
 set_property(SOURCE src/automation/tovera.rc APPEND PROPERTY INCLUDE_DIRECTORIES ${CMAKE_BINARY_DIR})
-# No import library is made: callers come through the registry. The same sources give the same bytes.
-target_link_options(tovera_component PRIVATE
-    -static -s LINKER:--kill-at,--gc-sections,--dynamicbase,--nxcompat,--no-insert-timestamp)
+# The same sources give the same bytes: nothing in the file tells when it was made.
+target_link_options(tovera_component PRIVATE -static -s
+    LINKER:--kill-at,--enable-stdcall-fixup,--gc-sections,--dynamicbase,--nxcompat,--no-insert-timestamp)
 set_target_properties(tovera_component PROPERTIES
-    OUTPUT_NAME TOVERA PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+    OUTPUT_NAME TOVERA PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+include(Package)

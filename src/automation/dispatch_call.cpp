@@ -63,14 +63,13 @@ struct MemberCall {
              std::span<const VARIANT* const> given) noexcept {
         try {
             CallerVariables variables;
-            std::array<Variant, mostParameters> arguments;
-            for (std::size_t i = 0; i < given.size(); ++i) {
-                failure.argument = static_cast<I4>(i);
-                arguments[i] = given[i] ? variables.argument(*given[i]) : Variant::missing();
+            ArgumentList arguments;
+            for (const auto* const argument : given) {
+                failure.argument = static_cast<I4>(arguments.all().size());
+                arguments.add(argument ? variables.argument(*argument) : Variant::missing());
             }
             failure.argument = ErrorRecord::noArgument;
-            member.invoke(object, object.instance(), home().services, {arguments.data(), given.size()},
-                          result, failure);
+            member.invoke(object, object.instance(), home().services, arguments.all(), result, failure);
             variables.writeBack();
         } catch (...) {
             const auto argument = failure.argument;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "automation/argument_list.h"
 #include "automation/automation_object.h"
 
 namespace tovera {
@@ -15,9 +16,6 @@ struct CallOutcome {
 /// through the class table.
 HRESULT callByName(AutomationObject& object, DISPID member, WORD kind, const DISPPARAMS& parameters,
                    CallOutcome outcome) noexcept;
-
-/// More parameters than any member has.
-inline constexpr std::size_t mostParameters = 8;
 
 /// The call by slot: arguments stand in their declared order. The bytes of the result, none for a member that
 /// has no result, get its value, or the default of its type on failure.

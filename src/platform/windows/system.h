@@ -1,8 +1,8 @@
 #pragma once
 
-// The system's own declarations. Which of them are left out is set by the build.
+// The system's own declarations, the first of which the others need. What is left out is set by the build.
 
-// clang-format off: the first one declares what the others need
+// clang-format off
 #include <windows.h>
 #include <oleauto.h>
 #include <olectl.h>

@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <new>
+#include <utility>
 
 #include "frame/checked.h"
 #include "frame/conversions.h"
@@ -120,8 +121,7 @@ VARTYPE tagOf(const Variant& value) {
 Variant valueOf(const VARIANT& variant) {
     if (!(variant.vt & VT_BYREF)) return ownValueOf(variant);
     if (variant.vt == (VT_BYREF | VT_VARIANT)) return valueOf(*variant.pvarVal);
-    VARIANT copy;
-    VariantInit(&copy);
+    VARIANT copy{};
     const auto tag = static_cast<VARTYPE>(variant.vt & ~VT_BYREF);
     if (sizeOf(tag) == 0) raise(ErrorNumber::TypeMismatch);
     // A borrowed copy: the variable keeps what it owns.
@@ -131,23 +131,22 @@ Variant valueOf(const VARIANT& variant) {
 }
 
 SystemVariant::SystemVariant(const Variant& value) {
-    VariantInit(&variant_);
-    const Variant plain = value.is<Reference>() ? dereferenced(value) : Variant();
-    const Variant& source = value.is<Reference>() ? plain : value;
-    std::visit(Store{variant_}, source.value());
-    variant_.vt = tagOf(source);
+    if (value.is<Reference>()) {
+        *this = SystemVariant(dereferenced(value));
+        return;
+    }
+    std::visit(Store{variant_}, value.value());
+    variant_.vt = tagOf(value);
 }
 
 SystemVariant& SystemVariant::operator=(SystemVariant&& other) noexcept {
-    VariantClear(&variant_);
+    clear();
     variant_ = other.release();
     return *this;
 }
 
 VARIANT SystemVariant::release() {
-    const VARIANT handedOver = variant_;
-    VariantInit(&variant_);
-    return handedOver;
+    return std::exchange(variant_, VARIANT{});
 }
 
 SystemVariant SystemVariant::as(VARTYPE tag) const {

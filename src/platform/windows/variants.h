@@ -17,14 +17,14 @@ VARTYPE tagOf(const Variant& value);
 /// comes as the number that holds it, and one that is no number raises error 13.
 Variant valueOf(const VARIANT& variant);
 
-/// A `VARIANT` that frees what it holds.
+/// A `VARIANT` that frees what it holds. One that holds a plain number costs no call of the system.
 class SystemVariant {
   public:
-    SystemVariant() { VariantInit(&variant_); }
+    SystemVariant() = default;
     explicit SystemVariant(const Variant& value);
     SystemVariant(SystemVariant&& other) noexcept : variant_(other.release()) {}
     SystemVariant& operator=(SystemVariant&& other) noexcept;
-    ~SystemVariant() { VariantClear(&variant_); }
+    ~SystemVariant() { clear(); }
 
     VARIANT& get() { return variant_; }
     const VARIANT& get() const { return variant_; }
@@ -34,7 +34,12 @@ class SystemVariant {
     SystemVariant as(VARTYPE tag) const;
 
   private:
-    VARIANT variant_;
+    void clear() {
+        const bool isPlain = variant_.vt < VT_BSTR && variant_.vt != VT_CY;
+        if (!isPlain) VariantClear(&variant_);
+    }
+
+    VARIANT variant_{};
 };
 
 /// The bytes of a value with this tag, 0 for a tag that isn't a plain value's.

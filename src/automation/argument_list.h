@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <span>
+
+#include "frame/variant.h"
+
+namespace tovera {
+
+/// More parameters than any member has.
+inline constexpr std::size_t mostParameters = 8;
+
+/// The arguments of one call, in place: only those that there are take time.
+class ArgumentList {
+  public:
+    ArgumentList() = default;
+    ArgumentList(const ArgumentList&) = delete;
+    ArgumentList& operator=(const ArgumentList&) = delete;
+    ~ArgumentList() { std::destroy_n(first(), count_); }
+
+    /// For at most `mostParameters` arguments.
+    void add(Variant argument) {
+        std::construct_at(first() + count_, std::move(argument));
+        ++count_;
+    }
+    std::span<Variant> all() { return {first(), count_}; }
+
+  private:
+    Variant* first() { return reinterpret_cast<Variant*>(room_.data()); }
+
+    alignas(Variant) std::array<std::byte, mostParameters * sizeof(Variant)> room_;
+    std::size_t count_ = 0;
+};
+
+}  // namespace tovera
