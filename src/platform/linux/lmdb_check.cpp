@@ -23,6 +23,8 @@ constexpr std::size_t pageHeaderSize = 16;
 constexpr std::size_t nodeHeaderSize = 8;
 constexpr std::uint64_t noPage = ~std::uint64_t{0};
 constexpr std::uint64_t metaPages = 2;
+constexpr std::uint64_t mostMapSize = std::uint64_t{1} << 46;
+constexpr std::uint16_t integerKeys = 8;
 constexpr unsigned maxDepth = 32;
 
 enum PageFlags : std::uint16_t { branchPage = 1, leafPage = 2, overflowPage = 4 };
@@ -90,32 +92,40 @@ class Check {
     explicit Check(Bytes file) : file_(file) {}
 
     void run() {
-        const auto meta = currentMeta();
-        pageSize_ = meta.freePages.pageSize;
+        checkHead();
+        require(meta_.lastPage < file_.size() / pageSize_);
+        reached_.assign(meta_.lastPage + 1, false);
+        walkTree(meta_.freePages, true);
+        walkTree(meta_.main, false);
+    }
+
+    /// The two pages in front of all others, of which the younger one counts.
+    void checkHead() {
+        const auto first = readAt<Meta>(file_, pageHeaderSize);
+        pageSize_ = first.freePages.pageSize;
         require(std::has_single_bit(pageSize_) && pageSize_ >= 512 && pageSize_ <= 65536);
-        require(meta.lastPage < file_.size() / pageSize_);
-        reached_.assign(meta.lastPage + 1, false);
-        walkTree(meta.freePages, true);
-        walkTree(meta.main, false);
+        const auto second = readAt<Meta>(file_, pageSize_ + pageHeaderSize);
+        for (const auto& meta : {first, second}) checkMeta(meta);
+        meta_ = first.transaction > second.transaction ? first : second;
     }
 
   private:
-    Meta currentMeta() const {
-        const auto first = readAt<Meta>(file_, pageHeaderSize);
-        const auto second = readAt<Meta>(file_, first.freePages.pageSize + pageHeaderSize);
-        require(first.magic == magic && second.magic == magic);
-        require(first.version == version && second.version == version);
-        return first.transaction > second.transaction ? first : second;
+    void checkMeta(const Meta& meta) const {
+        require(meta.magic == magic && meta.version == version && meta.address == 0);
+        require(meta.freePages.pageSize == pageSize_ && meta.freePages.flags == integerKeys);
+        require(meta.main.pageSize == 0 && meta.main.flags == 0);
+        require(meta.mapSize / pageSize_ > meta.lastPage && meta.mapSize < mostMapSize);
     }
 
     void walkTree(const Tree& tree, bool isFreeList) {
+        isFreeList_ = isFreeList;
         entries_ = 0;
-        previousKey_.reset();
+        lastKey_.reset();
         if (tree.root == noPage) {
             require(tree.entries == 0);
             return;
         }
-        walkPage(tree.root, tree.depth, isFreeList);
+        walkPage(tree.root, tree.depth);
         require(entries_ == tree.entries);
     }
 
@@ -129,13 +139,13 @@ class Check {
 
     Bytes pageAt(std::uint64_t number) const { return file_.subspan(number * pageSize_, pageSize_); }
 
-    void walkPage(std::uint64_t number, unsigned depth, bool isFreeList) {
+    void walkPage(std::uint64_t number, unsigned depth) {
         reach(number);
         require(depth >= 1 && depth <= maxDepth);
         const auto page = pageAt(number);
         const auto header = readAt<PageHeader>(page, 0);
         const bool isLeaf = depth == 1;
-        require(header.number == number && (header.flags & 7) == (isLeaf ? leafPage : branchPage));
+        require(header.number == number && header.flags == (isLeaf ? leafPage : branchPage));
         require(header.lower >= pageHeaderSize && header.lower <= header.upper && header.upper <= pageSize_);
         const auto count = (header.lower - pageHeaderSize) / 2;
         require(count > 0);
@@ -146,37 +156,53 @@ class Check {
             require(page.size() - offset - nodeHeaderSize >= node.keySize);
             const auto content = page.subspan(offset + nodeHeaderSize);
             if (isLeaf) {
-                walkEntry(node, content, isFreeList);
+                walkEntry(node, content);
             } else {
+                if (i > 0) passKey(content.first(node.keySize), false);
                 walkPage(node.low | std::uint64_t{node.high} << 16 | std::uint64_t{node.flags} << 32,
-                         depth - 1, isFreeList);
+                         depth - 1);
             }
         }
     }
 
-    void walkEntry(const Node& node, Bytes content, bool isFreeList) {
+    void walkEntry(const Node& node, Bytes content) {
         ++entries_;
         const auto key = content.first(node.keySize);
         const std::size_t size = node.low | std::size_t{node.high} << 16;
         auto data = content.subspan(node.keySize);
+        require((node.flags & ~bigDataNode) == 0);
         if (node.flags & bigDataNode) {
             data = overflowAt(readAt<std::uint64_t>(data, 0), size);
         } else {
             require(data.size() >= size);
         }
-        if (isFreeList) {
-            reachFreePages(data.first(size));
-        } else {
-            require(!previousKey_ || *previousKey_ < textOf(key));
-            previousKey_ = textOf(key);
+        passKey(key, true);
+        if (isFreeList_) reachFreePages(data.first(size));
+    }
+
+    /// Keys ascend, each page's first one not below the key that leads to the page.
+    void passKey(Bytes key, bool isEntry) {
+        require(!isFreeList_ || key.size() == sizeof(std::uint64_t));
+        if (lastKey_) {
+            const auto order = compare(*lastKey_, key);
+            require(order < 0 || (order == 0 && isEntry && !lastWasEntry_));
         }
+        lastKey_ = key;
+        lastWasEntry_ = isEntry;
+    }
+
+    int compare(Bytes a, Bytes b) const {
+        if (!isFreeList_) return textOf(a).compare(textOf(b));
+        const auto numberOfA = readAt<std::uint64_t>(a, 0);
+        const auto numberOfB = readAt<std::uint64_t>(b, 0);
+        return numberOfA < numberOfB ? -1 : numberOfA > numberOfB ? 1 : 0;
     }
 
     Bytes overflowAt(std::uint64_t number, std::size_t size) {
         require(number < reached_.size());
         const auto header = readAt<PageHeader>(pageAt(number), 0);
         const auto count = header.lower | std::uint64_t{header.upper} << 16;
-        require(header.number == number && (header.flags & 7) == overflowPage);
+        require(header.number == number && header.flags == overflowPage);
         require(count * pageSize_ >= pageHeaderSize + size);
         reach(number, count);
         return file_.subspan(number * pageSize_ + pageHeaderSize, count * pageSize_ - pageHeaderSize);
@@ -191,9 +217,12 @@ class Check {
 
     Bytes file_;
     std::uint64_t pageSize_ = 0;
+    Meta meta_{};
     std::vector<bool> reached_;
     std::uint64_t entries_ = 0;
-    std::optional<std::string_view> previousKey_;
+    bool isFreeList_ = false;
+    std::optional<Bytes> lastKey_;
+    bool lastWasEntry_ = false;
 };
 
 /// The bytes of a file, mapped for reading; none for a file that can't be read.
@@ -223,16 +252,26 @@ class MappedFile {
     std::size_t size_ = 0;
 };
 
-}  // namespace
-
-bool isSoundStore(const std::string& file) {
+template <class Work>
+bool holds(const std::string& file, Work&& work) {
     const MappedFile mapped(file);
+    Check check(mapped.bytes());
     try {
-        Check(mapped.bytes()).run();
+        work(check);
         return true;
     } catch (const Damage&) {
         return false;
     }
+}
+
+}  // namespace
+
+bool isSoundStore(const std::string& file) {
+    return holds(file, [](Check& check) { check.run(); });
+}
+
+bool hasSoundHead(const std::string& file) {
+    return holds(file, [](Check& check) { check.checkHead(); });
 }
 
 }  // namespace tovera

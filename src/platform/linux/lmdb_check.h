@@ -9,4 +9,7 @@ namespace tovera {
 /// and can crash on a damaged one. Nothing may write to the file meanwhile.
 bool isSoundStore(const std::string& file);
 
+/// The same for the part that LMDB reads when it opens the file; others may write meanwhile.
+bool hasSoundHead(const std::string& file);
+
 }  // namespace tovera

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <ctime>
 #include <fcntl.h>
 #include <filesystem>
@@ -11,6 +12,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
+#include <thread>
 #include <unistd.h>
 
 #include "platform/linux/lmdb_check.h"
@@ -56,6 +58,16 @@ std::optional<struct stat> factsOf(const std::string& file) {
     struct stat facts {};
     if (stat(file.c_str(), &facts) != 0) return std::nullopt;
     return facts;
+}
+
+/// Another process may write to the head while it is read; damage stays.
+bool isHeadDamaged(const std::string& file) {
+    constexpr int attempts = 3;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (hasSoundHead(file)) return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    return true;
 }
 
 Bytes textBytes(std::string_view text) {
@@ -121,6 +133,7 @@ void LmdbStore::open() {
 void LmdbStore::openEnvironment() {
     const auto facts = factsOf(file(dataFile));
     const auto size = facts ? static_cast<std::size_t>(facts->st_size) : 0;
+    if (size > 0 && isHeadDamaged(file(dataFile))) throw StoreFailure::damage();
     const auto attempt = [&](unsigned flags) {
         requireSuccess(lmdb().env_create(&environment_));
         requireSuccess(lmdb().env_set_mapsize(environment_, std::max(firstMapSize, size * 2)));
