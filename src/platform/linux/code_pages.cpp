@@ -41,6 +41,14 @@ constexpr char16_t nearestSign(char16_t character) {
     return character;
 }
 
+/// Most texts are, and cross in a few steps for many characters at once.
+template <class Text>
+bool isAscii(const Text& text) {
+    unsigned bits = 0;
+    for (const auto c : text) bits |= static_cast<unsigned>(c);
+    return bits < 0x80;
+}
+
 }  // namespace
 
 char16_t ansiCharacter(char byte) {
@@ -56,13 +64,21 @@ char ansiByte(char16_t character) {
 
 std::string toAnsi1252(std::u16string_view text) {
     std::string bytes(text.size(), '\0');
-    std::ranges::transform(text, bytes.begin(), ansiByte);
+    if (isAscii(text)) {
+        std::ranges::transform(text, bytes.begin(), [](char16_t c) { return static_cast<char>(c); });
+    } else {
+        std::ranges::transform(text, bytes.begin(), ansiByte);
+    }
     return bytes;
 }
 
 std::u16string fromAnsi1252(std::string_view bytes) {
     std::u16string text(bytes.size(), u'\0');
-    std::ranges::transform(bytes, text.begin(), ansiCharacter);
+    if (isAscii(bytes)) {
+        std::ranges::copy(bytes, text.begin());
+    } else {
+        std::ranges::transform(bytes, text.begin(), ansiCharacter);
+    }
     return text;
 }
 

@@ -95,7 +95,7 @@ ProfileEdit newSection(std::string_view text, std::string_view section, std::str
 }  // namespace
 
 SoughtName::SoughtName(std::string_view name) : table_(ansiCapitals()), capitals_(withoutBlanks(name)) {
-    for (auto& c : capitals_) c = ansiCapital(c);
+    for (auto& c : capitals_) c = table_[static_cast<std::uint8_t>(c)];
     canBeKey_ = capitals_.find('=') == std::string::npos;
 }
 
@@ -140,8 +140,9 @@ std::string profileKeys(std::string_view text, std::string_view section) {
         if (const auto header = line.header()) {
             if (inSection) break;
             inSection = sought.matches(*header);
-        } else if (inSection && line.value() && !line.key().starts_with(commentMark)) {
-            names.append(line.key()).append(1, '\0');
+        } else if (inSection && line.value()) {
+            const auto key = line.key();
+            if (!key.empty() && !key.starts_with(commentMark)) names.append(key).append(1, '\0');
         }
     }
     return names;

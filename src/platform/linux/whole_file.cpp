@@ -18,11 +18,13 @@ constexpr int mostLinks = 40;
 constexpr const char* newFileName = ".tovera-new";
 constexpr const char* lockFileName = ".tovera-lock";
 
-int readWhole(int descriptor, std::size_t size, FileBytes& bytes) {
-    bytes = FileBytes(size);
+/// All bytes of a file of this size, whatever has been read before.
+int readWhole(const FileDescriptor& file, const struct stat& facts, FileBytes& bytes) {
+    const auto size = static_cast<std::size_t>(facts.st_size);
+    auto* const room = bytes.room(size);
     std::size_t filled = 0;
     while (filled < size) {
-        const auto count = read(descriptor, bytes.data() + filled, size - filled);
+        const auto count = pread(file.get(), room + filled, size - filled, static_cast<off_t>(filled));
         if (count < 0 && errno != EINTR) return errno;
         if (count == 0) break;
         if (count > 0) filled += static_cast<std::size_t>(count);
@@ -31,9 +33,10 @@ int readWhole(int descriptor, std::size_t size, FileBytes& bytes) {
     return 0;
 }
 
-/// Not blocking, since a pipe would wait for a writer; what isn't a regular file is refused.
-int openRegular(int folder, const char* name, FileDescriptor& file, struct stat& facts) {
-    file = FileDescriptor(openat(folder, name, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+/// Not blocking, since a pipe would wait for a writer.
+constexpr int readFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
+
+int factsOfRegular(const FileDescriptor& file, struct stat& facts) {
     if (!file.isOpen() || fstat(file.get(), &facts) != 0) return errno;
     if (S_ISDIR(facts.st_mode)) return EISDIR;
     return S_ISREG(facts.st_mode) ? 0 : EACCES;
@@ -109,10 +112,17 @@ int replace(const FileDescriptor& folder, const char* name, const struct stat* o
 }  // namespace
 
 int readFile(const std::string& path, FileBytes& bytes) {
-    FileDescriptor file;
+    const FileDescriptor file(open(path.c_str(), readFlags));
+    if (!file.isOpen()) return errno;
+    // Most files end within a first read, and their size needn't be asked for.
+    const auto count = read(file.get(), bytes.room(FileBytes::smallSize), FileBytes::smallSize);
+    if (count >= 0 && static_cast<std::size_t>(count) < FileBytes::smallSize) {
+        bytes.setSize(static_cast<std::size_t>(count));
+        return 0;
+    }
     struct stat facts {};
-    const int error = openRegular(AT_FDCWD, path.c_str(), file, facts);
-    return error != 0 ? error : readWhole(file.get(), static_cast<std::size_t>(facts.st_size), bytes);
+    const int error = factsOfRegular(file, facts);
+    return error != 0 ? error : readWhole(file, facts, bytes);
 }
 
 int changeFile(const std::string& path, const FileChange& change) {
@@ -125,16 +135,14 @@ int changeFile(const std::string& path, const FileChange& change) {
     if (const int error = lockFolder(folder, lockFile)) return error;
 
     const auto* const name = target.c_str() + (target.rfind('/') + 1);
-    FileDescriptor file;
+    const FileDescriptor file(openat(folder.get(), name, readFlags));
     struct stat facts {};
     FileBytes bytes;
-    const int opened = openRegular(folder.get(), name, file, facts);
+    const int opened = factsOfRegular(file, facts);
     if (opened != 0 && opened != ENOENT) return opened;
     if (opened == 0) {
         if (faccessat(folder.get(), name, W_OK, AT_EACCESS) != 0) return errno;
-        if (const int error = readWhole(file.get(), static_cast<std::size_t>(facts.st_size), bytes)) {
-            return error;
-        }
+        if (const int error = readWhole(file, facts, bytes)) return error;
     }
     const auto changed = change(bytes.view());
     return changed ? replace(folder, name, opened == 0 ? &facts : nullptr, *changed) : 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -9,18 +10,29 @@
 // Files that are read and replaced as a whole.
 namespace tovera {
 
-/// The bytes of a file.
+/// The bytes of a file; those of a small one need no memory of their own.
 class FileBytes {
   public:
-    FileBytes() = default;
-    explicit FileBytes(std::size_t capacity) : bytes_(std::make_unique_for_overwrite<char[]>(capacity)) {}
+    FileBytes() {}
+    FileBytes(const FileBytes&) = delete;
+    FileBytes& operator=(const FileBytes&) = delete;
 
-    char* data() { return bytes_.get(); }
+    static constexpr std::size_t smallSize = 16384;
+
+    /// Room for a number of bytes, in place of those that are here.
+    char* room(std::size_t size) {
+        size_ = 0;
+        if (size > smallSize) large_ = std::make_unique_for_overwrite<char[]>(size);
+        bytes_ = size > smallSize ? large_.get() : small_.data();
+        return bytes_;
+    }
     void setSize(std::size_t size) { size_ = size; }
-    std::string_view view() const { return {bytes_.get(), size_}; }
+    std::string_view view() const { return {bytes_, size_}; }
 
   private:
-    std::unique_ptr<char[]> bytes_;
+    std::array<char, smallSize> small_;
+    std::unique_ptr<char[]> large_;
+    char* bytes_ = nullptr;
     std::size_t size_ = 0;
 };
 
