@@ -11,24 +11,33 @@
 namespace tovera {
 namespace {
 
-// Two kinds of entries: a key is found by its parent and itself, a value by its key and its name. What
-// belongs to a key stands together, and a kind within it too.
-enum class Kind : std::uint8_t { Key = 'K', Value = 'V' };
+// Three kinds of entries: a key itself and its values, which stand together so that a read finds them in one
+// place, and behind them the list of its subkeys.
+enum class Kind : std::uint8_t { Key = '.', Value = 'V', Subkey = 'k' };
 
 using EntryKey = std::array<std::byte, 2 * sizeof(NameId) + 1>;
 constexpr std::size_t beginningSize = sizeof(NameId) + 1;
 
-EntryKey entryKey(const NameId& owner, Kind kind, const NameId& own = {}) {
-    EntryKey key{};
-    std::memcpy(key.data(), &owner, sizeof owner);
-    key[sizeof owner] = static_cast<std::byte>(kind);
-    std::memcpy(key.data() + beginningSize, &own, sizeof own);
-    return key;
+EntryKey entryKey(const NameId& key, Kind kind, const NameId& own = {}) {
+    EntryKey entry{};
+    std::memcpy(entry.data(), &key, sizeof key);
+    entry[sizeof key] = static_cast<std::byte>(kind);
+    std::memcpy(entry.data() + beginningSize, &own, sizeof own);
+    return entry;
+}
+
+EntryKey keyEntry(const KeyPlace& key) {
+    return entryKey(key.id, Kind::Key);
+}
+
+/// In the list of the parent's subkeys.
+EntryKey listEntry(const KeyPlace& key) {
+    return entryKey(key.parent, Kind::Subkey, key.id);
 }
 
 /// What all entries of a kind that belong to a key begin with.
-Bytes beginningOf(const EntryKey& key) {
-    return Bytes(key).first(beginningSize);
+Bytes beginningOf(const EntryKey& entry) {
+    return Bytes(entry).first(beginningSize);
 }
 
 /// In front of an entry's name and data.
@@ -113,7 +122,7 @@ const GivenKey* givenKey(const NameId& id) {
 }
 
 bool exists(const StoreTransaction& transaction, const KeyPlace& key) {
-    return key.isRoot() || transaction.get(entryKey(key.parent, Kind::Key, key.id)) || givenKey(key.id);
+    return key.isRoot() || transaction.get(keyEntry(key)) || givenKey(key.id);
 }
 
 /// The name that an entry was first given; nothing for no entry, or for one that is damaged.
@@ -134,7 +143,7 @@ bool put(StoreTransaction& transaction, const EntryKey& key, I4 type, std::strin
 
 std::string nameOf(const StoreTransaction& transaction, const KeyPlace& key) {
     if (const auto* given = givenKey(key.id)) return std::string(given->name);
-    return givenName(transaction.get(entryKey(key.parent, Kind::Key, key.id))).value_or(std::string());
+    return givenName(transaction.get(keyEntry(key))).value_or(std::string());
 }
 
 bool isTextType(I4 type) {
@@ -181,7 +190,8 @@ I4 RegistryStore::createKey(const KeyPlace& from, std::string_view path) {
         for (const auto name : namesOf(path)) {
             place = {place.id, idWithin(place.id, name)};
             if (exists(transaction, place)) continue;
-            put(transaction, entryKey(place.parent, Kind::Key, place.id), 0, name, {});
+            if (!put(transaction, keyEntry(place), 0, name, {})) return registryStatus::cannotWrite;
+            transaction.put(listEntry(place), {});
         }
         return registryStatus::success;
     });
@@ -191,12 +201,13 @@ I4 RegistryStore::deleteKey(const KeyPlace& key, const Removing& removing) {
     if (key.isRoot() || givenKey(key.id)) return registryStatus::accessDenied;
     return store_.write([&](StoreTransaction& transaction) {
         if (!exists(transaction, key)) return registryStatus::notFound;
-        if (transaction.hasBeginning(beginningOf(entryKey(key.id, Kind::Key)))) {
+        if (transaction.hasBeginning(beginningOf(entryKey(key.id, Kind::Subkey)))) {
             return registryStatus::accessDenied;
         }
         const auto name = nameOf(transaction, key);
         transaction.removeBeginning(beginningOf(entryKey(key.id, Kind::Value)));
-        transaction.remove(entryKey(key.parent, Kind::Key, key.id));
+        transaction.remove(keyEntry(key));
+        transaction.remove(listEntry(key));
         return removing ? removing(name) : registryStatus::success;
     });
 }
