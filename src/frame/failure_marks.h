@@ -36,6 +36,9 @@ class FailuresIgnored {
         try {
             std::forward<Step>(step)();
             return true;
+        } catch (const AutomationError& raised) {
+            error = {raised.number(), raised.description()};
+            return false;
         } catch (...) {
             error.take(recordOfCurrentException());
             return false;
