@@ -5,6 +5,7 @@
 #include <odbcinst.h>
 #include <sql.h>
 #include <sqlext.h>
+#include <utility>
 
 #include "frame/utf8.h"
 #include "platform/linux/code_pages.h"
@@ -96,6 +97,8 @@ I4 LinuxOdbc32::SQLDataSources(I4 environment, I4 direction, AnsiText& name, I2&
                                AnsiText& description, I2& descriptionLength) {
     auto* const of = environmentOf(environment);
     if (!of) return SQL_INVALID_HANDLE;
+    if (direction != SQL_FETCH_NEXT) of->givenSourceSeen = of->atEnd = false;
+    if (std::exchange(of->atEnd, false)) return SQL_NO_DATA;
     std::array<char, 1024> source{};
     std::array<char, 1024> driver{};
     SQLSMALLINT sourceLength = 0;
@@ -107,13 +110,15 @@ I4 LinuxOdbc32::SQLDataSources(I4 environment, I4 direction, AnsiText& name, I2&
     auto sourceName = ansi(source, sourceLength);
     auto driverName = ansi(driver, driverLength);
     if (status == SQL_NO_DATA) {
-        if (of->givenSourceSeen || accessDriverFile().empty()) return status;
+        if (std::exchange(of->givenSourceSeen, false) || accessDriverFile().empty()) return status;
         sourceName = givenSource;
         driverName = accessDriver;
+        of->atEnd = true;
     } else if (!SQL_SUCCEEDED(status)) {
         return status;
+    } else if (sourceName == givenSource) {
+        of->givenSourceSeen = true;
     }
-    of->givenSourceSeen = of->givenSourceSeen || sourceName == givenSource;
     if (isAccessDriver(driverName)) driverName = accessDescription;
     const bool isNameWhole = fill(name, nameLength, sourceName);
     const bool isDescriptionWhole = fill(description, descriptionLength, driverName);

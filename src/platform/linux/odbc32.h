@@ -23,6 +23,7 @@ class LinuxOdbc32 : public Odbc32 {
     struct Environment {
         void* handle = nullptr;
         bool givenSourceSeen = false;
+        bool atEnd = false;  ///< the next call tells so, and the one after begins anew
     };
 
     Environment* environmentOf(I4 handle);
