@@ -1,5 +1,7 @@
 #include "platform/linux/lmdb_store.h"
 
+#if __has_include(<lmdb.h>)
+
 #include <cerrno>
 
 #include "platform/linux/lmdb_environment.h"
@@ -111,3 +113,5 @@ I4 LmdbStore::statusOf(const StoreFailure& failure, Purpose purpose) const {
 }
 
 }  // namespace tovera
+
+#endif

@@ -1,3 +1,5 @@
+#if __has_include(<lmdb.h>)
+
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -237,3 +239,5 @@ void LmdbStore::makeCopy() {
 }
 
 }  // namespace tovera
+
+#endif

@@ -1,5 +1,7 @@
 #include "platform/linux/odbc32.h"
 
+#if __has_include(<sql.h>)
+
 #include <algorithm>
 #include <array>
 #include <odbcinst.h>
@@ -135,3 +137,27 @@ I4 LinuxOdbc32::SQLFreeHandle(I4 type, I4 handle) {
 }
 
 }  // namespace tovera
+
+#else  // built without unixODBC
+
+namespace tovera {
+
+I4 LinuxOdbc32::SQLAllocHandle(I4, I4, I4&) {
+    return odbc::SQL_ERROR;
+}
+
+I4 LinuxOdbc32::SQLSetEnvAttr(I4, I4, I4, I4) {
+    return odbc::SQL_ERROR;
+}
+
+I4 LinuxOdbc32::SQLDataSources(I4, I4, AnsiText&, I2&, AnsiText&, I2&) {
+    return odbc::SQL_ERROR;
+}
+
+I4 LinuxOdbc32::SQLFreeHandle(I4, I4) {
+    return odbc::SQL_ERROR;
+}
+
+}  // namespace tovera
+
+#endif

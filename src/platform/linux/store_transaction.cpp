@@ -1,5 +1,7 @@
 #include "platform/linux/store_transaction.h"
 
+#if __has_include(<lmdb.h>)
+
 #include <cstring>
 
 #include "platform/linux/lmdb_library.h"
@@ -82,3 +84,5 @@ void StoreTransaction::removeBeginning(Bytes beginning) {
 }
 
 }  // namespace tovera
+
+#endif

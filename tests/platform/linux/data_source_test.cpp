@@ -23,6 +23,9 @@ struct DataSources : ::testing::Test {
     LinuxOdbc32 odbc;
     Platform platform{home().services, home().user32, home().kernel32, home().files, registry, odbc};
 
+    void SetUp() override {
+        if (!hasStore()) GTEST_SKIP() << "LMDB isn't installed";
+    }
     DataSources() {
         setenv("ODBCINI", iniFile.c_str(), 1);
         setenv("XDG_DATA_HOME", folder.path().c_str(), 1);

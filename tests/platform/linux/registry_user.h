@@ -3,9 +3,19 @@
 #include <string>
 
 #include "platform/linux/advapi32.h"
+#include "platform/linux/entry_point.h"
 #include "platform/linux/registry_status.h"
 
 namespace tovera::testing {
+
+/// Whether this system has what the store is made with.
+inline bool hasStore() {
+#if __has_include(<lmdb.h>)
+    return SharedLibrary("liblmdb.so.0").isPresent();
+#else
+    return false;
+#endif
+}
 
 /// The registry as a caller of the entry points uses it: opens a key, does one thing, closes the key. Each
 /// gives the status of the first call that failed.
