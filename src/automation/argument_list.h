@@ -19,9 +19,10 @@ class ArgumentList {
     ArgumentList& operator=(const ArgumentList&) = delete;
     ~ArgumentList() { std::destroy_n(first(), count_); }
 
-    /// For at most `mostParameters` arguments.
-    void add(Variant argument) {
-        std::construct_at(first() + count_, std::move(argument));
+    /// Adds what a function makes, right in its place; for at most `mostParameters` arguments.
+    template <class Make>
+    void add(Make&& make) {
+        ::new (static_cast<void*>(first() + count_)) Variant(std::forward<Make>(make)());
         ++count_;
     }
     std::span<Variant> all() { return {first(), count_}; }

@@ -17,6 +17,8 @@ class ArgumentOrder {
     HRESULT arrange(const DISPPARAMS& given, const MemberDescription& member, UINT* argumentAtFault) {
         const auto declared = member.parameters.size();
         const bool writes = allows(member.kind, CallKind::Write | CallKind::AssignReference);
+        if ((given.cArgs && !given.rgvarg) || (given.cNamedArgs && !given.rgdispidNamedArgs))
+            return E_INVALIDARG;
         if (given.cArgs > declared || given.cNamedArgs > given.cArgs) return DISP_E_BADPARAMCOUNT;
         for (UINT i = 0; i < given.cArgs; ++i) {
             auto place = static_cast<DISPID>(given.cArgs - 1 - i);
@@ -66,7 +68,7 @@ struct MemberCall {
             ArgumentList arguments;
             for (const auto* const argument : given) {
                 failure.argument = static_cast<I4>(arguments.all().size());
-                arguments.add(argument ? variables.argument(*argument) : Variant::missing());
+                arguments.add([&] { return argument ? variables.argument(*argument) : Variant::missing(); });
             }
             failure.argument = ErrorRecord::noArgument;
             member.invoke(object, object.instance(), home().services, arguments.all(), result, failure);
@@ -98,9 +100,9 @@ HRESULT callByName(AutomationObject& object, DISPID id, WORD kind, const DISPPAR
     ArgumentOrder order;
     const HRESULT status = order.arrange(parameters, *member, outcome.argumentAtFault);
     if (FAILED(status)) return status;
-    if (outcome.result) VariantInit(outcome.result);
     MemberCall call;
     call.run(object, *member, order.inOrder(member->parameters.size()));
+    if (outcome.result) outcome.result->vt = VT_EMPTY;
     if (outcome.result && call.failure.code == ReturnCode::Success)
         handOver(call, [&](SystemVariant result) { *outcome.result = result.release(); });
     if (outcome.argumentAtFault && call.failure.argument != ErrorRecord::noArgument)

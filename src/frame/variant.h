@@ -45,7 +45,7 @@ class Variant {
     Variant(const char16_t* text) : value_(Bstr(text)) {}
 
     /// What stands for an argument that the caller left out.
-    static Variant missing() { return ErrorCode{static_cast<I4>(0x80020004U)}; }
+    static Variant missing() { return missingCode; }
 
     template <class T>
     bool is() const {
@@ -60,7 +60,10 @@ class Variant {
     T* as() {
         return std::get_if<T>(&value_);
     }
-    bool isMissing() const { return *this == missing(); }
+    bool isMissing() const {
+        const auto* const error = as<ErrorCode>();
+        return error && *error == missingCode;
+    }
     bool isNumber() const {
         return is<I2>() || is<I4>() || is<R4>() || is<R8>() || is<UI1>() || is<VariantBool>() || is<Date>();
     }
@@ -70,6 +73,8 @@ class Variant {
     friend bool operator==(const Variant&, const Variant&) = default;
 
   private:
+    static constexpr ErrorCode missingCode{static_cast<I4>(0x80020004U)};
+
     Value value_;
 };
 

@@ -69,17 +69,17 @@ void exchange(void* address, VARTYPE tag, VARIANT& changed) noexcept {
 
 }  // namespace
 
-Variant CallerVariables::argument_(const VARIANT& argument, int chain) {
-    if (!(argument.vt & VT_BYREF)) return valueOf(argument);
-    if (!argument.byref || chain == 0) raise(ErrorNumber::TypeMismatch);
-    const auto tag = static_cast<VARTYPE>(argument.vt & ~VT_BYREF);
-    Variant copy = tag == VT_VARIANT ? argument_(*argument.pvarVal, chain - 1) : valueOf(argument);
-    auto& variable = variables_.emplace_back(Variable{argument.byref, tag, std::move(copy), {}, {}});
-    variable.before = variable.value;
-    return tag == VT_VARIANT ? Variant(Reference(&variable.value)) : referenceTo(variable.value);
+Variant CallerVariables::variable(const VARIANT& reference, int chain) {
+    if (!(reference.vt & VT_BYREF)) return valueOf(reference);
+    if (!reference.byref || chain == 0) raise(ErrorNumber::TypeMismatch);
+    const auto tag = static_cast<VARTYPE>(reference.vt & ~VT_BYREF);
+    Variant copy = tag == VT_VARIANT ? variable(*reference.pvarVal, chain - 1) : valueOf(reference);
+    auto& added = variables_.emplace_back(Variable{reference.byref, tag, std::move(copy), {}, {}});
+    added.before = added.value;
+    return tag == VT_VARIANT ? Variant(Reference(&added.value)) : referenceTo(added.value);
 }
 
-void CallerVariables::writeBack() {
+void CallerVariables::writeBackChanged() {
     std::erase_if(variables_, [](const Variable& v) { return v.value == v.before; });
     for (auto& v : variables_) v.changed = valueFor(v.address, v.tag, v.value);
     for (auto& v : variables_) exchange(v.address, v.tag, v.changed.get());

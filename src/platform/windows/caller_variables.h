@@ -11,9 +11,13 @@ namespace tovera {
 class CallerVariables {
   public:
     /// An argument in the frame's form: a value, or a reference to the copy of the variable.
-    Variant argument(const VARIANT& argument) { return argument_(argument, longestChain); }
+    Variant argument(const VARIANT& argument) {
+        return argument.vt & VT_BYREF ? variable(argument, longestChain) : valueOf(argument);
+    }
 
-    void writeBack();
+    void writeBack() {
+        if (!variables_.empty()) writeBackChanged();
+    }
 
   private:
     static constexpr int longestChain = 16;
@@ -26,7 +30,8 @@ class CallerVariables {
         SystemVariant changed;
     };
 
-    Variant argument_(const VARIANT& argument, int chain);
+    Variant variable(const VARIANT& reference, int chain);
+    void writeBackChanged();
 
     std::list<Variable> variables_;
 };

@@ -31,6 +31,11 @@ class Screen {
     HDC device_;
 };
 
+/// Characters that only look like others have no ANSI form. With UTF-8 for ANSI, all have one.
+DWORD ansiFlags() {
+    return GetACP() == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
+}
+
 }  // namespace
 
 I4 WindowsServices::messageBox(const Bstr& text, I4 flags, const Bstr& title) {
@@ -80,10 +85,10 @@ std::string WindowsServices::toAnsi(std::u16string_view text) {
     const auto* const units = reinterpret_cast<const wchar_t*>(text.data());
     const auto count = static_cast<int>(text.size());
     if (count == 0) return {};
-    const int size =
-        WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, units, count, nullptr, 0, nullptr, nullptr);
+    const DWORD flags = ansiFlags();
+    const int size = WideCharToMultiByte(CP_ACP, flags, units, count, nullptr, 0, nullptr, nullptr);
     std::string bytes(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, units, count, bytes.data(), size, nullptr, nullptr);
+    WideCharToMultiByte(CP_ACP, flags, units, count, bytes.data(), size, nullptr, nullptr);
     return bytes;
 }
 

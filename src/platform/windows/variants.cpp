@@ -12,41 +12,28 @@
 namespace tovera {
 namespace {
 
-// Tags and union members of plain values, in one place for both directions.
-// clang-format off
-template <class T> struct Tagged;
-template <> struct Tagged<UI1> { static constexpr VARTYPE tag = VT_UI1; static auto& in(auto& v) { return v.bVal; } };
-template <> struct Tagged<I2> { static constexpr VARTYPE tag = VT_I2; static auto& in(auto& v) { return v.iVal; } };
-template <> struct Tagged<I4> { static constexpr VARTYPE tag = VT_I4; static auto& in(auto& v) { return v.lVal; } };
-template <> struct Tagged<R4> { static constexpr VARTYPE tag = VT_R4; static auto& in(auto& v) { return v.fltVal; } };
-template <> struct Tagged<R8> { static constexpr VARTYPE tag = VT_R8; static auto& in(auto& v) { return v.dblVal; } };
-template <> struct Tagged<Empty> { static constexpr VARTYPE tag = VT_EMPTY; };
-template <> struct Tagged<Null> { static constexpr VARTYPE tag = VT_NULL; };
-template <> struct Tagged<Date> { static constexpr VARTYPE tag = VT_DATE; };
-template <> struct Tagged<Bstr> { static constexpr VARTYPE tag = VT_BSTR; };
-template <> struct Tagged<ObjectRef> { static constexpr VARTYPE tag = VT_DISPATCH; };
-template <> struct Tagged<ErrorCode> { static constexpr VARTYPE tag = VT_ERROR; };
-template <> struct Tagged<VariantBool> { static constexpr VARTYPE tag = VT_BOOL; };
-template <> struct Tagged<StringArray> { static constexpr VARTYPE tag = VT_ARRAY | VT_BSTR; };
-template <> struct Tagged<Reference> { static constexpr VARTYPE tag = VT_VARIANT; };
-// clang-format on
-
+/// Stores a value and gives its tag.
 struct Store {
     VARIANT& to;
 
-    void operator()(Empty) const {}
-    void operator()(Null) const {}
-    void operator()(const Bstr& text) const { to.bstrVal = allocateText(text); }
-    void operator()(VariantBool truth) const { to.boolVal = truth.raw; }
-    void operator()(Date date) const { to.date = date.days; }
-    void operator()(ErrorCode error) const { to.scode = error.code; }
-    void operator()(const ObjectRef& object) const { to.pdispVal = dispatchOf(object); }
-    void operator()(const StringArray& array) const { to.parray = makeArray(array, VT_BSTR); }
-    void operator()(const Reference&) const { raise(ErrorNumber::TypeMismatch); }
-    template <class Number>
-    void operator()(Number number) const {
-        Tagged<Number>::in(to) = number;
+    VARTYPE operator()(Empty) const { return VT_EMPTY; }
+    VARTYPE operator()(Null) const { return VT_NULL; }
+    VARTYPE operator()(UI1 number) const { return to.bVal = number, VT_UI1; }
+    VARTYPE operator()(I2 number) const { return to.iVal = number, VT_I2; }
+    VARTYPE operator()(I4 number) const { return to.lVal = number, VT_I4; }
+    VARTYPE operator()(R4 number) const { return to.fltVal = number, VT_R4; }
+    VARTYPE operator()(R8 number) const { return to.dblVal = number, VT_R8; }
+    VARTYPE operator()(Date date) const { return to.date = date.days, VT_DATE; }
+    VARTYPE operator()(VariantBool truth) const { return to.boolVal = truth.raw, VT_BOOL; }
+    VARTYPE operator()(ErrorCode error) const { return to.scode = error.code, VT_ERROR; }
+    VARTYPE operator()(const Bstr& text) const { return to.bstrVal = allocateText(text), VT_BSTR; }
+    VARTYPE operator()(const ObjectRef& object) const {
+        return to.pdispVal = dispatchOf(object), VT_DISPATCH;
     }
+    VARTYPE operator()(const StringArray& array) const {
+        return to.parray = makeArray(array, VT_BSTR), static_cast<VARTYPE>(VT_ARRAY | VT_BSTR);
+    }
+    VARTYPE operator()(const Reference&) const { raise(ErrorNumber::TypeMismatch); }
 };
 
 SystemVariant changed(const VARIANT& variant, VARTYPE tag) {
@@ -114,10 +101,6 @@ Bstr textOf(BSTR text) {
     return std::u16string(reinterpret_cast<const char16_t*>(text), SysStringLen(text));
 }
 
-VARTYPE tagOf(const Variant& value) {
-    return std::visit([]<class T>(const T&) { return Tagged<T>::tag; }, value.value());
-}
-
 Variant valueOf(const VARIANT& variant) {
     if (!(variant.vt & VT_BYREF)) return ownValueOf(variant);
     if (variant.vt == (VT_BYREF | VT_VARIANT)) return valueOf(*variant.pvarVal);
@@ -135,8 +118,7 @@ SystemVariant::SystemVariant(const Variant& value) {
         *this = SystemVariant(dereferenced(value));
         return;
     }
-    std::visit(Store{variant_}, value.value());
-    variant_.vt = tagOf(value);
+    variant_.vt = std::visit(Store{variant_}, value.value());
 }
 
 SystemVariant& SystemVariant::operator=(SystemVariant&& other) noexcept {

@@ -10,9 +10,6 @@ namespace tovera {
 BSTR allocateText(const Bstr& text);
 Bstr textOf(BSTR text);
 
-/// The system's tag for values of this type; VT_VARIANT when they can be of any.
-VARTYPE tagOf(const Variant& value);
-
 /// The value in a `VARIANT`, or behind it when it refers to a variable. A type that the frame hasn't got
 /// comes as the number that holds it, and one that is no number raises error 13.
 Variant valueOf(const VARIANT& variant);
