@@ -3,6 +3,7 @@
 #include "catalogue/catalogue.h"
 #include "peers/peers.h"
 
+using namespace std::string_view_literals;
 using namespace tovera;
 
 namespace bench {
@@ -13,7 +14,7 @@ constexpr I4 arrival = 3600;
 
 Loop byName() {
     return loopOf([clock = createComponent("Cls_Date")] {
-        return callMember(clock, u"Chrono", opaque(departure), arrival);
+        return callMember(clock, u"Chrono"sv, opaque(departure), arrival);
     });
 }
 

@@ -2,6 +2,7 @@
 #include "catalogue/catalogue.h"
 #include "peers/peers.h"
 
+using namespace std::string_view_literals;
 using namespace tovera;
 
 namespace bench {
@@ -21,7 +22,7 @@ Loop direct() {
 
 Loop byName() {
     return loopOf([year = firstYear, calendar = createComponent("Cls_Date")]() mutable {
-        return callMember(calendar, u"Paques", year = nextYear(year));
+        return callMember(calendar, u"Paques"sv, year = nextYear(year));
     });
 }
 

@@ -2,6 +2,7 @@
 #include "conversion/cls_conversion.h"
 #include "peers/peers.h"
 
+using namespace std::string_view_literals;
 using namespace tovera;
 
 namespace bench {
@@ -24,7 +25,8 @@ Loop byName(R8 number, VariantBool amount) {
     const auto conversion = createComponent("Cls_Conversion");
     writeMember(conversion, u"IntituleMonnaie", Bstr(u"euro"));
     writeMember(conversion, u"IntitulePetiteMonnaie", Bstr(u"centime"));
-    return loopOf([=] { return callMember(conversion, u"ConvertirNombreEnLettre", opaque(number), amount); });
+    return loopOf(
+        [=] { return callMember(conversion, u"ConvertirNombreEnLettre"sv, opaque(number), amount); });
 }
 
 struct Case {

@@ -13,7 +13,7 @@ Loop spellOut(double number) {
     requireSame(U_SUCCESS(status), "ICU has no spell-out for French");
     return loopOf([format, number] {
         icu::UnicodeString words;
-        format->format(static_cast<int64_t>(opaque(number)), words);
+        format->format(opaque(number), words);
         return words;
     });
 }

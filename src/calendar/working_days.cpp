@@ -60,6 +60,11 @@ std::int64_t workingDays(I4 first, std::int64_t count) {
 
 I2 workingDaysBetween(Date start, Date end) {
     const I4 first = dayOf(start);
+    // Without a time part every step is exact.
+    if (start.days == first && end >= start) {
+        const I4 last = dayOf(Date{std::floor(end.days)});
+        return narrow<I2>(workingDays(first, last - first + 1));
+    }
     const auto steps = daysReached(start.days, end.days);
     // Time counts away from midnight on both sides of day 0, so that a step from before it stays in that day.
     const bool beforeZero = start.days < 0 && start.days != first;

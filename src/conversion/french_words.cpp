@@ -4,7 +4,9 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 
 #include "frame/checked.h"
 #include "frame/number_text.h"
@@ -27,68 +29,102 @@ constexpr std::array<Word, 10> TabDizaines{
     u"cinquante", u"soixante", u"soixante", u"quatre-vingt", u"quatre-vingt",
 };
 
-template <std::size_t N>
-Word wordAt(const std::array<Word, N>& table, int index) {
-    if (index < 0 || static_cast<std::size_t>(index) >= N) raise(ErrorNumber::SubscriptOutOfRange);
-    return table[static_cast<std::size_t>(index)];
-}
+/// A text in a field of fixed size, which is copied whole: faster than copying just its characters.
+struct Field {
+    std::array<char16_t, 24> text{};
+    std::size_t length = 0;
 
-/// The words as they grow, in place: even the longest number stays below 300 characters.
-class Words {
-  public:
-    Words& operator<<(Word word) {
-        std::memcpy(&text_[length_], word.data(), word.size() * sizeof(char16_t));
-        length_ += word.size();
-        return *this;
+    constexpr Field() = default;
+    constexpr Field(std::initializer_list<Word> words) {
+        for (const auto word : words) length += word.copy(&text[length], word.size());
     }
-    Word view() const { return {text_.data(), length_}; }
-
-  private:
-    std::array<char16_t, 512> text_;
-    std::size_t length_ = 0;
+    constexpr operator Word() const { return {text.data(), length}; }
 };
 
-/// The words of 0 to 99.
-void DizainesEnLettres(Words& words, int v) {
-    const int n = v / 10;
-    int m = v % 10;
+constexpr Field dizainesField(unsigned v) {
+    const unsigned n = v / 10;
+    unsigned m = v % 10;
     if (n == 1 || n == 7 || n == 9) m += 10;
     Word joint = n > 1 ? u"-" : u"";
     if (m == 0) joint = u"";
     if (m == 1) joint = n == 8 ? u"-" : u" et ";
     if (m == 11 && n == 7) joint = u" et ";
 
-    if (n == 0) {
-        words << wordAt(TabUnites, m);
-    } else if (n == 8 && m == 0) {
-        words << u"quatre-vingts";
-    } else {
-        words << wordAt(TabDizaines, n) << joint << wordAt(TabUnites, m);
+    if (n == 0) return {TabUnites[m]};
+    if (n == 8 && m == 0) return {u"quatre-vingts"};
+    return {TabDizaines[n], joint, TabUnites[m]};
+}
+
+constexpr Field centainesField(unsigned h, Word cent, Word cents) {
+    return h > 1 ? Field{TabUnites[h], cents} : h == 1 ? Field{cent} : Field{};
+}
+
+/// The words of 0 to 99, and of the hundreds alone and before other words.
+struct WordTable {
+    std::array<Field, 100> dizaines;
+    std::array<Field, 10> centaines;
+    std::array<Field, 10> centainesEt;
+
+    constexpr WordTable() {
+        for (unsigned v = 0; v < 100; ++v) dizaines[v] = dizainesField(v);
+        for (unsigned h = 0; h < 10; ++h) centaines[h] = centainesField(h, u"cent", u" cents");
+        for (unsigned h = 0; h < 10; ++h) centainesEt[h] = centainesField(h, u"cent ", u" cent ");
     }
+};
+constexpr WordTable table;
+
+/// The words as they grow, in place: even the longest number stays below 300 characters.
+class Words {
+  public:
+    Words& operator<<(const Field& field) {
+        std::memcpy(&text_[length_], field.text.data(), sizeof field.text);
+        length_ += field.length;
+        return *this;
+    }
+
+    std::size_t length() const { return length_; }
+    Word view() const { return {text_.data(), length_}; }
+
+    /// Removes the blanks at both ends of what stands behind the first characters.
+    void trimBehind(std::size_t first) {
+        if (text_[length_ - 1] == u' ') --length_;
+        if (text_[first] != u' ') return;
+        std::copy(&text_[first + 1], &text_[length_], &text_[first]);
+        --length_;
+    }
+
+  private:
+    std::array<char16_t, 384> text_;
+    std::size_t length_ = 0;
+};
+
+/// The words of 0 to 99.
+const Field& DizainesEnLettres(unsigned v) {
+    if (v >= table.dizaines.size()) raise(ErrorNumber::SubscriptOutOfRange);
+    return table.dizaines[v];
 }
 
 /// The words of one group of three digits.
-void CentainesEnLettres(Words& words, int v) {
-    const int h = v / 100;
-    const int r = v % 100;
-    if (h > 1) words << wordAt(TabUnites, h) << (r == 0 ? u" cents" : u" cent ");
-    if (h == 1) words << (r == 0 ? u"cent" : u"cent ");
-    DizainesEnLettres(words, r);
+void CentainesEnLettres(Words& words, unsigned v) {
+    const unsigned h = v / 100;
+    const unsigned r = v % 100;
+    if (h > 0) words << (r == 0 ? table.centaines : table.centainesEt)[h];
+    if (r > 0) words << DizainesEnLettres(r);
 }
 
 struct Group {
-    Word one;
-    Word many;
+    Field one;
+    Field many;
     bool countsOne;  ///< whether the value 1 is said: "un million", but "mille" alone
 };
 
-constexpr std::array groups{
-    Group{u" milliard ", u" milliards ", true},
-    Group{u" million ", u" millions ", true},
-    Group{u" mille ", u" mille ", false},
-};
+constexpr Field zero{u"zéro"}, minus{u"moins "}, joint{u" et "}, blank{u" "}, plural{u"s"};
 
-/// A whole number as plain decimal digits, 15 significant ones and zeros behind them.
+constexpr Group milliard{{u" milliard "}, {u" milliards "}, true};
+constexpr Group million{{u" million "}, {u" millions "}, true};
+constexpr Group mille{{u" mille "}, {u" mille "}, false};
+
+/// A whole number from 1E+12 on as plain decimal digits, 15 significant ones and zeros behind them.
 std::string plainDigits(R8 v) {
     constexpr R8 exactDigits = 1e15;
     if (v < exactDigits) return std::to_string(static_cast<std::int64_t>(v));
@@ -100,80 +136,77 @@ std::string plainDigits(R8 v) {
     return digits;
 }
 
-int numberOf(std::string_view threeDigits) {
-    return (threeDigits[0] - '0') * 100 + (threeDigits[1] - '0') * 10 + (threeDigits[2] - '0');
+/// The digits of a whole number by their position among twelve. In a longer number these positions are its
+/// first nine digits and its last three.
+struct Digits {
+    unsigned firstNine;
+    unsigned lastThree;
+};
+
+Digits cutDigits(R8 v) {
+    constexpr R8 moreThanTwelve = 1e12;
+    if (v < moreThanTwelve) {
+        const auto number = static_cast<std::uint64_t>(v);
+        return {static_cast<unsigned>(number / 1000), static_cast<unsigned>(number % 1000)};
+    }
+    const auto digits = plainDigits(v);
+    const auto value = [](const std::string& part) { return static_cast<unsigned>(std::stoul(part)); };
+    return {value(digits.substr(0, 9)), value(digits.substr(digits.size() - 3))};
 }
 
-/// The four groups of a whole number, cut from its digits by fixed position.
-std::array<int, 4> cutGroups(R8 v) {
-    auto digits = plainDigits(v);
-    if (digits.size() < 12) digits.insert(0, 12 - digits.size(), '0');
-    const std::string_view text = digits;
-    return {numberOf(text.substr(0, 3)), numberOf(text.substr(3, 3)), numberOf(text.substr(6, 3)),
-            numberOf(text.substr(text.size() - 3))};
+void groupEnLettres(Words& words, unsigned value, const Group& group) {
+    if (value == 0) return;
+    if (value > 1 || group.countsOne) CentainesEnLettres(words, value);
+    words << (value == 1 ? group.one : group.many);
 }
 
 /// The words of a whole number.
 void GroupesEnLettres(Words& words, R8 v) {
     if (v == 0) {
-        words << u"zéro";
+        words << zero;
         return;
     }
-    const auto values = cutGroups(v);
-    Words joined;
-    for (std::size_t i = 0; i < groups.size(); ++i) {
-        if (values[i] == 0) continue;
-        if (values[i] != 1 || groups[i].countsOne) CentainesEnLettres(joined, values[i]);
-        joined << (values[i] == 1 ? groups[i].one : groups[i].many);
+    const auto first = words.length();
+    const auto [firstNine, u] = cutDigits(v);
+    if (firstNine != 0) {
+        groupEnLettres(words, firstNine / 1'000'000, milliard);
+        groupEnLettres(words, firstNine / 1000 % 1000, million);
+        groupEnLettres(words, firstNine % 1000, mille);
     }
-    CentainesEnLettres(joined, values.back());
-    words << trimBlanks(joined.view());
+    CentainesEnLettres(words, u);
+    words.trimBehind(first);
 }
 
-void EntierEnLettres(Words& words, R8 x) {
-    GroupesEnLettres(words, std::floor(x));
+/// The hundredths of a number with whole part t, 0 to 100.
+UI1 PartieDecimale(R8 x, R8 t) {
+    return roundToInteger<UI1>((x - t) * 100);
 }
 
-/// The hundredths of a number, 0 to 100.
-UI1 PartieDecimale(R8 x) {
-    return roundToInteger<UI1>((x - std::floor(x)) * 100);
-}
-
-/// The words of the hundredths, with their label or a closing blank.
-struct Decimals {
-    Words words;
-    Word blank;
-    Word label;
-    Word plural;
-};
-
-Decimals DecimalesEnLettres(R8 x, const CurrencyLabels* labels) {
-    Decimals decimals;
-    const auto d = PartieDecimale(x);
-    if (d == 0) return decimals;
-    DizainesEnLettres(decimals.words, d);
-    decimals.blank = u" ";
-    if (labels) decimals.label = labels->small;
-    if (labels && d > 1) decimals.plural = u"s";
-    return decimals;
+/// The words of the hundredths behind the joint, and the blank that ends them or stands before their label.
+void DecimalesEnLettres(Words& words, UI1 d) {
+    if (d != 0) words << joint << DizainesEnLettres(d) << blank;
 }
 
 }  // namespace
 
 Bstr frenchWords(R8 number, const CurrencyLabels* labels) {
-    const Word sign = number < 0 ? u"moins " : u"";
     const R8 x = std::fabs(checkedFloat(number));
+    const R8 t = std::floor(x);
+    const auto d = PartieDecimale(x, t);
 
-    Words whole;
-    EntierEnLettres(whole, x);
-    const auto decimals = DecimalesEnLettres(x, labels);
-    const auto t = std::floor(x);
-
-    const Word label = labels ? labels->main : u"";
-    const Word plural = labels && t != 0 && t != 1 ? u"s" : u"";
-    const Word joint = decimals.blank.empty() ? u"" : u" et ";
-    return join(sign, whole.view(), Word(labels ? u" " : u""), label, plural, joint, decimals.words.view(),
-                decimals.blank, decimals.label, decimals.plural);
+    Words words;
+    if (number < 0) words << minus;
+    GroupesEnLettres(words, t);
+    if (!labels) {
+        DecimalesEnLettres(words, d);
+        return words.view();
+    }
+    Words behind;
+    if (t != 0 && t != 1) behind << plural;
+    DecimalesEnLettres(behind, d);
+    words << blank;
+    if (d == 0) return join(words.view(), labels->main, behind.view());
+    return join(words.view(), labels->main, behind.view(), labels->small, Word(d > 1 ? plural : Field()));
 }
 
 }  // namespace tovera

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -8,31 +11,66 @@
 namespace tovera {
 
 /// Automation text: UTF-16 code units, NUL included, with a null state that reads as the empty text
-/// everywhere but at a platform entry point, which gets a null address for it.
+/// everywhere but at a platform entry point, which gets a null address for it. Short texts, as most names and
+/// values are, lie in the object itself.
 class Bstr {
   public:
     Bstr() = default;
-    Bstr(std::u16string text) : text_(std::move(text)), null_(false) {}
-    Bstr(std::u16string_view text) : text_(text), null_(false) {}
-    Bstr(const char16_t* text) : text_(text), null_(false) {}
+    Bstr(std::u16string_view text) : length_(text.size()), null_(false) {
+        text.copy(makePlace(), text.size());
+    }
+    Bstr(const std::u16string& text) : Bstr(std::u16string_view(text)) {}
+    Bstr(const char16_t* text) : Bstr(std::u16string_view(text)) {}
 
-    bool isNull() const { return null_; }
-    bool empty() const { return text_.empty(); }
-    std::size_t length() const { return text_.size(); }
-    char16_t operator[](std::size_t index) const { return text_[index]; }
-    std::u16string_view view() const { return text_; }
-    operator std::u16string_view() const { return text_; }
+    Bstr(const Bstr& other) : Bstr(other.view()) { null_ = other.null_; }
+    Bstr(Bstr&& other) noexcept { takeFrom(other); }
+    Bstr& operator=(const Bstr& other) { return *this = Bstr(other); }
+    Bstr& operator=(Bstr&& other) noexcept {
+        if (this != &other) takeFrom(other);
+        return *this;
+    }
+    ~Bstr() = default;
 
-    /// The text itself, for changing it in place; the result isn't null any more.
-    std::u16string& edit() {
-        null_ = false;
-        return text_;
+    /// A text of this length, whose characters are put down by `write` at the address that it gets.
+    template <class Write>
+    static Bstr written(std::size_t length, Write write) {
+        Bstr text;
+        text.length_ = length;
+        text.null_ = false;
+        write(text.makePlace());
+        return text;
     }
 
-    friend bool operator==(const Bstr& a, const Bstr& b) { return a.text_ == b.text_; }
+    bool isNull() const { return null_; }
+    bool empty() const { return length_ == 0; }
+    std::size_t length() const { return length_; }
+    char16_t operator[](std::size_t index) const { return view()[index]; }
+    std::u16string_view view() const { return {isShort() ? short_.data() : long_.get(), length_}; }
+    operator std::u16string_view() const { return view(); }
+
+    friend bool operator==(const Bstr& a, const Bstr& b) { return a.view() == b.view(); }
 
   private:
-    std::u16string text_;
+    static constexpr std::size_t shortLength = 19;
+
+    void takeFrom(Bstr& other) {
+        long_ = std::move(other.long_);
+        length_ = std::exchange(other.length_, 0);
+        null_ = std::exchange(other.null_, true);
+        if (length_ > 0 && isShort()) short_ = other.short_;
+    }
+
+    bool isShort() const { return length_ <= shortLength; }
+    char16_t* makePlace() {
+        if (isShort()) return short_.data();
+        long_ = std::make_unique_for_overwrite<char16_t[]>(length_);
+        return long_.get();
+    }
+
+    std::unique_ptr<char16_t[]> long_;
+    std::size_t length_ = 0;
+    /// Not set beyond the length: an empty text costs nothing to make.
+    std::array<char16_t, shortLength> short_;
     bool null_ = true;
 };
 
@@ -61,10 +99,9 @@ constexpr std::u16string_view beforeNul(std::u16string_view text) {
 /// Joins texts into one, with one allocation.
 template <class... Pieces>
 Bstr join(const Pieces&... pieces) {
-    std::u16string text;
-    text.reserve((std::u16string_view(pieces).size() + ...));
-    (text.append(std::u16string_view(pieces)), ...);
-    return text;
+    return Bstr::written((std::u16string_view(pieces).size() + ...), [&](char16_t* end) {
+        ((end += std::u16string_view(pieces).copy(end, std::u16string_view::npos)), ...);
+    });
 }
 
 /// Local text of exactly N characters: a shorter text is padded on the right with blanks, a longer one cut.
@@ -74,7 +111,10 @@ class FixedText {
     explicit FixedText(char16_t fill = u' ') : text_(std::u16string(N, fill)) {}
 
     FixedText& operator=(std::u16string_view text) {
-        text_.edit().assign(left(text, N)).resize(N, u' ');
+        text_ = Bstr::written(N, [&](char16_t* place) {
+            const auto length = text.copy(place, N);
+            std::fill(place + length, place + N, u' ');
+        });
         return *this;
     }
 

@@ -56,12 +56,9 @@ inline R8 checkedDivide(R8 dividend, R8 divisor) {
 /// The nearest integer of a float, a tie going to the even one; out of range raises error 6.
 template <std::integral To>
 To roundToInteger(R8 value) {
-    static_assert(sizeof(To) <= sizeof(I4), "an R8 holds the bounds of no wider type exactly");
-    const R8 rounded = std::nearbyint(value);
-    constexpr R8 lowest = static_cast<R8>(std::numeric_limits<To>::min());
-    constexpr R8 highest = static_cast<R8>(std::numeric_limits<To>::max());
-    if (!(rounded >= lowest && rounded <= highest)) raise(ErrorNumber::Overflow);
-    return static_cast<To>(rounded);
+    constexpr R8 beyondEveryType = 1e18;
+    if (!(std::fabs(value) < beyondEveryType)) raise(ErrorNumber::Overflow);
+    return narrow<To>(std::llrint(value));
 }
 
 /// The same number as `R4`; one beyond its range raises error 6.

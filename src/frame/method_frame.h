@@ -14,10 +14,11 @@ namespace tovera {
 template <class T>
 struct Result {
     T value{};
-    Result& operator=(T assigned) {
+    Result& operator=(T&& assigned) {
         value = std::move(assigned);
         return *this;
     }
+    Result& operator=(const T& assigned) { return *this = T(assigned); }
 };
 
 /// The result of a member that has none.

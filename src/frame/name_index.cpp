@@ -1,5 +1,9 @@
 #include "frame/name_index.h"
 
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
 namespace tovera {
 namespace {
 
@@ -10,35 +14,37 @@ constexpr char16_t lower(char16_t c) {
 /// Length, ends and middle tell the names of a class apart well enough.
 std::uint8_t placeOf(std::u16string_view name) {
     if (name.empty()) return 0;
-    const unsigned mix = lower(name.front()) * 7U + lower(name.back()) * 31U +
-                         lower(name[name.size() / 2]) * 13U + static_cast<unsigned>(name.size()) * 5U;
+    const auto folded = [&](std::size_t place) { return name[place] | 0x20U; };
+    const unsigned mix = folded(0) * 7 + folded(name.size() - 1) * 31 + folded(name.size() / 2) * 13 +
+                         static_cast<unsigned>(name.size()) * 5;
     return static_cast<std::uint8_t>(mix ^ (mix >> 8));
 }
 
-bool matches(std::u16string_view name, std::u16string_view lowerName) {
-    if (name.size() != lowerName.size()) return false;
-    for (std::size_t i = 0; i < name.size(); ++i) {
-        if (lower(name[i]) != lowerName[i]) return false;
-    }
-    return true;
+/// The usual case, which needs no look at single characters.
+bool same(std::u16string_view a, std::u16string_view b) {
+    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0;
+}
+
+bool sameInLowerCase(std::u16string_view name, std::u16string_view lowerName) {
+    return std::ranges::equal(name, lowerName, {}, lower);
 }
 
 }  // namespace
 
 void NameIndex::add(std::string_view name, std::uint8_t number) {
-    std::u16string folded(name.begin(), name.end());
-    if (find(folded)) return;
-    for (auto& c : folded) c = lower(c);
-    auto place = placeOf(folded);
+    Entry entry{{name.begin(), name.end()}, {}, number};
+    if (find(entry.name)) return;
+    std::ranges::transform(entry.name, std::back_inserter(entry.lower), lower);
+    auto place = placeOf(entry.name);
     while (slots_[place] != 0) ++place;
-    entries_.push_back({std::move(folded), number});
+    entries_.push_back(std::move(entry));
     slots_[place] = static_cast<std::uint8_t>(entries_.size());
 }
 
 std::optional<std::uint8_t> NameIndex::find(std::u16string_view name) const {
     for (auto place = placeOf(name); slots_[place] != 0; ++place) {
         const auto& entry = entries_[slots_[place] - 1U];
-        if (matches(name, entry.lower)) return entry.number;
+        if (same(name, entry.name) || sameInLowerCase(name, entry.lower)) return entry.number;
     }
     return {};
 }

@@ -21,6 +21,7 @@ class NameIndex {
     static constexpr std::size_t slotCount = 256;
 
     struct Entry {
+        std::u16string name;
         std::u16string lower;
         std::uint8_t number;
     };

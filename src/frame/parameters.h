@@ -63,39 +63,48 @@ struct ParameterTraits<Optional<T>> {
 };
 
 /// A caller's variable seen as a variable of another type: the variable itself when it is of that type or
-/// refers to one, else a converted copy, which goes back to the variable when the member has changed it.
+/// refers to one, else a converted copy.
 template <class T>
 class Bound {
   public:
     Bound(Variant& argument, const Conversions& convert) : argument_(endOfReferences(argument)) {
-        const auto* reference = argument_.template as<Reference>();
         if constexpr (std::is_same_v<T, Variant>) {
-            if (!reference) {
+            if (!argument_.template is<Reference>()) {
                 variable_ = &argument_;
                 return;
             }
-            copy_ = before_ = dereferenced(argument_);
+            copy_ = dereferenced(argument_);
         } else {
             variable_ = argument_.template as<T>();
-            if (reference) {
+            if (const auto* reference = argument_.template as<Reference>()) {
                 if (auto* const* same = std::get_if<T*>(reference)) variable_ = *same;
             }
-            if (!variable_) copy_ = before_ = convert.to<T>(argument_);
+            if (!variable_) copy_ = convert.to<T>(argument_);
         }
     }
 
     T& variable() { return variable_ ? *variable_ : copy_; }
 
-    void writeBack(const Conversions& convert) {
-        if (variable_ || copy_ == before_) return;
-        convert.store(Reference(&argument_), Variant(std::move(copy_)));
-    }
-
-  private:
+  protected:
     Variant& argument_;
     T* variable_ = nullptr;
     T copy_{};
-    T before_{};
+};
+
+/// The same, where the converted copy goes back to the variable when the member has changed it.
+template <class T>
+class WritableBound : public Bound<T> {
+  public:
+    WritableBound(Variant& argument, const Conversions& convert)
+        : Bound<T>(argument, convert), before_(this->copy_) {}
+
+    void writeBack(const Conversions& convert) {
+        if (this->variable_ || this->copy_ == before_) return;
+        convert.store(Reference(&this->argument_), Variant(std::move(this->copy_)));
+    }
+
+  private:
+    T before_;
 };
 
 inline Variant& required(Variant* argument) {
@@ -123,16 +132,25 @@ class Argument {
 };
 
 template <class T>
+class Argument<const T&> {
+  public:
+    Argument(Variant* argument, const Conversions& convert) : bound_(required(argument), convert) {}
+    const T& pass() { return bound_.variable(); }
+    void writeBack(const Conversions&) {}
+
+  private:
+    Bound<T> bound_;
+};
+
+template <class T>
 class Argument<T&> {
   public:
     Argument(Variant* argument, const Conversions& convert) : bound_(required(argument), convert) {}
     T& pass() { return bound_.variable(); }
-    void writeBack(const Conversions& convert) {
-        if constexpr (!std::is_const_v<T>) bound_.writeBack(convert);
-    }
+    void writeBack(const Conversions& convert) { bound_.writeBack(convert); }
 
   private:
-    Bound<std::remove_const_t<T>> bound_;
+    WritableBound<T> bound_;
 };
 
 template <class T>
@@ -147,7 +165,7 @@ class Argument<Optional<T>> {
     }
 
   private:
-    std::optional<Bound<T>> bound_;
+    std::optional<WritableBound<T>> bound_;
 };
 
 }  // namespace tovera

@@ -4,7 +4,7 @@
 
 namespace tovera {
 
-Variant& endOfReferences(Variant& value) {
+Variant& endOfChain(Variant& value) {
     constexpr int longestChain = 16;
     Variant* variable = &value;
     for (int i = 0; i < longestChain; ++i) {

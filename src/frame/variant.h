@@ -84,6 +84,9 @@ Variant dereferenced(const Variant& value);
 
 /// The caller's variable at the end of a chain of references to `VARIANT`s, which is value itself when it
 /// holds no such reference.
-Variant& endOfReferences(Variant& value);
+Variant& endOfChain(Variant& value);
+inline Variant& endOfReferences(Variant& value) {
+    return value.is<Reference>() ? endOfChain(value) : value;
+}
 
 }  // namespace tovera

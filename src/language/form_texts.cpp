@@ -107,9 +107,7 @@ Bstr FormTexts::formName() const {
 
 /// The text of a member, never null: at the platform's entry points a null text would mean something else.
 Bstr FormTexts::textOf(const ObjectRef& object, std::u16string_view member) const {
-    auto text = convert_.to<Bstr>(readMember(object, member));
-    text.edit();
-    return text;
+    return convert_.to<Bstr>(readMember(object, member)).view();
 }
 
 }  // namespace tovera
