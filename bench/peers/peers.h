@@ -24,6 +24,10 @@ inline Loop (*luaCallByName)(int departure, int arrival) = nullptr;
 /// Easter's rule as a function in Lua, called from C by its name: one year after another.
 inline Loop (*luaEaster)(int firstYear, int lastYear) = nullptr;
 
+/// A table of paths and values in SQLite: one of so many rows read, or written for good.
+inline Loop (*sqliteRead)(int rows) = nullptr;
+inline Loop (*sqliteWrite)(int rows) = nullptr;
+
 /// The loop of a peer, or an empty one when it isn't installed.
 template <class... Inputs>
 Loop loopIfInstalled(Loop (*peer)(Inputs...), Inputs... inputs) {
