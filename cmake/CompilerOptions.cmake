@@ -15,3 +15,7 @@ if(TOVERA_SANITIZE)
     target_compile_options(tovera_options INTERFACE ${sanitizers})
     target_link_options(tovera_options INTERFACE ${sanitizers})
 endif()
+if(TOVERA_FUZZ)
+    # The warnings are those of the other compiler.
+    target_compile_options(tovera_options INTERFACE -fsanitize=fuzzer-no-link -w)
+endif()

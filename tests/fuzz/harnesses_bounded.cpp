@@ -1,0 +1,32 @@
+#include <gtest/gtest.h>
+#include <random>
+#include <vector>
+
+#include "fuzz/harnesses.h"
+
+namespace tovera::fuzz {
+namespace {
+
+/// The harnesses on the inputs of a fixed seed: half of them any bytes, half of them from the alphabet.
+class Bounded : public ::testing::TestWithParam<Harness> {};
+
+TEST_P(Bounded, Run) {
+    std::mt19937 random(20020331);
+    const auto& alphabet = GetParam().alphabet;
+    for (int i = 0; i < 30000; ++i) {
+        std::vector<std::uint8_t> bytes(random() % 24);
+        for (auto& byte : bytes) {
+            const auto drawn = random();
+            const bool any = alphabet.empty() || i % 2 == 0;
+            byte = static_cast<std::uint8_t>(
+                any ? drawn : static_cast<unsigned char>(alphabet[drawn % alphabet.size()]));
+        }
+        GetParam().run(Input(bytes));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Fuzz, Bounded, ::testing::ValuesIn(harnesses),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+}  // namespace
+}  // namespace tovera::fuzz
