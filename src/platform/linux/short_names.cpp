@@ -1,9 +1,11 @@
 #include "platform/linux/short_names.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <fcntl.h>
 #include <set>
 #include <sys/stat.h>
+#include <tuple>
 #include <vector>
 
 #include "frame/utf8.h"
@@ -72,18 +74,22 @@ struct Entry {
     std::string name;
     std::u16string text;
     statx_timestamp born{};
+    std::uint64_t inode = 0;
 };
 
-statx_timestamp birthOf(const std::string& path) {
+void lookUpAge(const std::string& folder, Entry& entry) {
     struct statx facts {};
-    if (statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, STATX_BTIME | STATX_MTIME, &facts) != 0) return {};
-    return (facts.stx_mask & STATX_BTIME) != 0 ? facts.stx_btime : facts.stx_mtime;
+    const auto path = folder + '/' + entry.name;
+    constexpr auto wanted = STATX_BTIME | STATX_MTIME | STATX_INO;
+    if (statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, wanted, &facts) != 0) return;
+    entry.born = (facts.stx_mask & STATX_BTIME) != 0 ? facts.stx_btime : facts.stx_mtime;
+    entry.inode = facts.stx_ino;
 }
 
 void sortByAge(const std::string& folder, std::vector<Entry>& entries) {
-    for (auto& entry : entries) entry.born = birthOf(folder + '/' + entry.name);
+    for (auto& entry : entries) lookUpAge(folder, entry);
     std::ranges::sort(entries, {}, [](const Entry& entry) {
-        return std::tuple(entry.born.tv_sec, entry.born.tv_nsec, std::string_view(entry.name));
+        return std::tuple(entry.born.tv_sec, entry.born.tv_nsec, entry.inode, std::string_view(entry.name));
     });
 }
 
@@ -124,7 +130,7 @@ std::map<std::string, std::string> shortNames(const std::string& folder) {
         if (isShortName(name)) {
             taken.insert(capitals(text));
         } else {
-            alike[partsOf(text)].push_back({std::move(name), std::move(text), {}});
+            alike[partsOf(text)].push_back({std::move(name), std::move(text), {}, 0});
         }
     }
     std::map<std::string, std::string> found;
