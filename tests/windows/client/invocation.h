@@ -1,0 +1,38 @@
+#pragma once
+
+#include <vector>
+
+#include "client/component.h"
+
+namespace tovera::client {
+
+/// An argument of a call through `Invoke`, by place or by its parameter's name.
+struct Argument {
+    Argument(Value given) : value(std::move(given)) {}
+    template <class T>
+    Argument(T given) : value(given) {}
+    Argument(std::wstring parameter, Value given) : name(std::move(parameter)), value(std::move(given)) {}
+
+    std::wstring name;
+    Value value;
+};
+
+/// A call through `GetIDsOfNames` and `Invoke`, and all that it gave back.
+struct Invocation {
+    HRESULT status = S_OK;
+    Value result;
+    std::wstring description;
+    std::wstring source;
+    HRESULT code = S_OK;
+    UINT argumentAtFault = 999;
+};
+
+/// Arguments in their declared order, those with a name last.
+Invocation invoke(IDispatch* object, const std::wstring& member, std::vector<Argument> arguments,
+                  WORD kind = DISPATCH_METHOD | DISPATCH_PROPERTYGET);
+
+/// The call goes well and gives this.
+void expectResult(IDispatch* object, const std::wstring& member, std::vector<Argument> arguments,
+                  const Value& result);
+
+}  // namespace tovera::client

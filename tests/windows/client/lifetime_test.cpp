@@ -1,0 +1,88 @@
+#include "boxes/box_recorder.h"
+#include "client/invocation.h"
+
+// Memory and references over many calls, and an object that loses its last reference during a call.
+namespace tovera::client {
+namespace {
+
+/// Blocks in use, on all heaps of the process.
+std::size_t blocksInUse() {
+    std::vector<HANDLE> heaps(64);
+    heaps.resize(GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data()));
+    std::size_t blocks = 0;
+    for (HANDLE heap : heaps) {
+        PROCESS_HEAP_ENTRY entry{};
+        HeapLock(heap);
+        while (HeapWalk(heap, &entry)) blocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
+        HeapUnlock(heap);
+    }
+    return blocks;
+}
+
+template <class Calls>
+void expectNoLeak(const char* what, Calls calls) {
+    constexpr std::size_t rounds = 200;
+    for (int warmUp = 0; warmUp < 3; ++warmUp) calls();
+    const auto before = blocksInUse();
+    for (std::size_t round = 0; round < rounds; ++round) calls();
+    EXPECT_LT(blocksInUse(), before + rounds / 2) << what;
+}
+
+TEST(Lifetime, ManyCallsLeaveNoMemoryBehind) {
+    const auto& component = Component::loaded();
+    expectNoLeak("objects", [&] { component.create<Cls_Conversion, IDispatch>(); });
+    const auto conversion = component.create<Cls_Conversion, IDispatch>();
+    const auto dates = component.create<Cls_Date, _Cls_Date>();
+    expectNoLeak("calls by name", [&] {
+        invoke(conversion.get(), L"IntituleMonnaie", {L"euro"}, DISPATCH_PROPERTYPUT);
+        expectResult(conversion.get(), L"ConvertirNombreEnLettre", {71, Value::truth(true)},
+                     L"soixante et onze euros");
+    });
+    expectNoLeak("failing calls by name", [&] {
+        invoke(conversion.get(), L"ConvertirNombreEnLettre", {0.996, Value::truth(true)});
+        invoke(conversion.get(), L"ConvertirNombreEnLettre", {L"abc", Value::truth(true)});
+        invoke(conversion.get(), L"ConvertirNombreEnLettre", {1});
+        invoke(conversion.get(), L"Inconnu", {1});
+    });
+    expectNoLeak("text variables", [&] {
+        Value source = L"a\u0416";
+        Value target = L"##";
+        invoke(
+            conversion.get(), L"ConvertirOemAnsi",
+            {Value::reference(VT_VARIANT, source.address()), Value::reference(VT_VARIANT, target.address())});
+        EXPECT_EQ(source, Value(L"a?"));
+    });
+    expectNoLeak("calls by slot", [&] {
+        Text text;
+        dates->SecondeEnHeure(90000, text.out());
+        Value notAYear = L"abc";
+        DATE date = 0;
+        dates->Paques(notAYear.address(), &date);
+        SetErrorInfo(0, nullptr);
+    });
+    expectNoLeak("type information", [&] {
+        Pointer<ITypeInfo> info;
+        dates->GetTypeInfo(0, 0, info.out());
+    });
+}
+
+TEST(Lifetime, LastReferenceDroppedDuringACall) {
+    const auto& component = Component::loaded();
+    auto conversion = component.create<Cls_Conversion, _Cls_Conversion>();
+    auto* const last = conversion.get();
+    bool aliveDuringCall = false;
+    BoxRecorder boxes([&] {
+        conversion.reset();
+        aliveDuringCall = !component.canUnloadNow();
+    });
+    Text typed(L"1a");
+    Text cleaned(L"before");
+    EXPECT_EQ(last->Ctrl_SaiseNombre(typed.address(), cleaned.out()), S_OK);
+    EXPECT_EQ(boxes.shown().size(), 1U);
+    EXPECT_TRUE(aliveDuringCall);
+    EXPECT_EQ(cleaned.str(), L"");
+    EXPECT_TRUE(component.canUnloadNow());
+}
+
+}  // namespace
+}  // namespace tovera::client
