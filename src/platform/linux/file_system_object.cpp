@@ -53,17 +53,19 @@ class FileSystemObject {
   public:
     explicit FileSystemObject(Services& services) : services_(services) {}
 
-    VariantBool FileExists(Bstr FileSpec) { return VariantBool(isFolder(foundHostPath(FileSpec)) == false); }
-    VariantBool FolderExists(Bstr FolderSpec) {
+    VariantBool FileExists(const Bstr& FileSpec) {
+        return VariantBool(isFolder(foundHostPath(FileSpec)) == false);
+    }
+    VariantBool FolderExists(const Bstr& FolderSpec) {
         return VariantBool(isFolder(foundHostPath(FolderSpec)) == true);
     }
 
-    Bstr GetFileName(Bstr Path) {
+    Bstr GetFileName(const Bstr& Path) {
         const auto path = withoutTrailingSeparators(Path);
         return path.substr(placeOfLastName(path));
     }
 
-    Bstr GetParentFolderName(Bstr Path) {
+    Bstr GetParentFolderName(const Bstr& Path) {
         const auto path = withoutTrailingSeparators(Path);
         const auto place = placeOfLastName(path);
         return place == path.size() ? std::u16string_view()
@@ -72,7 +74,7 @@ class FileSystemObject {
 
     /// One level only. Error 58 when a file or a folder of that name stands there, 76 when the folder above
     /// is missing.
-    ObjectRef CreateFolder(Bstr Path) {
+    ObjectRef CreateFolder(const Bstr& Path) {
         if (Path.empty()) raise(ErrorNumber::InvalidCall);
         const auto path = foundHostPath(withoutTrailingSeparators(Path));
         if (path.empty()) raise(ErrorNumber::PathNotFound);
@@ -80,7 +82,7 @@ class FileSystemObject {
             if (errno == ENOENT) raise(ErrorNumber::PathNotFound);
             raiseFileError(errno);
         }
-        return makeObject<ComponentObjectOf<FolderObject>>(services_, std::move(Path));
+        return makeObject<ComponentObjectOf<FolderObject>>(services_, Path);
     }
 
   private:

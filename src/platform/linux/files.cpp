@@ -1,5 +1,6 @@
 #include "platform/linux/files.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -39,8 +40,8 @@ int copyTo(const std::string& from, const struct stat& facts, int to) {
     const FileDescriptor source(open(from.c_str(), O_RDONLY | O_CLOEXEC));
     if (!source.isOpen()) return errno;
     if (const int error = copyBytes(source.get(), to, facts.st_size)) return error;
-    const struct timespec times[] = {facts.st_atim, facts.st_mtim};
-    if (fchmod(to, facts.st_mode & 07777U) != 0 || futimens(to, times) != 0) return errno;
+    const std::array times{facts.st_atim, facts.st_mtim};
+    if (fchmod(to, facts.st_mode & 07777U) != 0 || futimens(to, times.data()) != 0) return errno;
     return fsync(to) == 0 ? 0 : errno;
 }
 

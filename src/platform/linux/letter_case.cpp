@@ -1,8 +1,8 @@
 #include "platform/linux/letter_case.h"
 
 #include <algorithm>
-#include <locale.h>
-#include <wctype.h>
+#include <clocale>
+#include <cwctype>
 
 #include "platform/linux/code_pages.h"
 

@@ -1,6 +1,7 @@
 #include "platform/linux/services.h"
 
 #include <algorithm>
+#include <array>
 #include <dlfcn.h>
 #include <filesystem>
 #include <iostream>
@@ -23,8 +24,8 @@ struct ObjectMaker {
     ObjectRef (*make)(Services& services);
 };
 
-constexpr ObjectMaker objectMakers[] = {
-    {u"SCRIPTING.FILESYSTEMOBJECT", makeFileSystemObject},
+constexpr std::array objectMakers{
+    ObjectMaker{u"SCRIPTING.FILESYSTEMOBJECT", makeFileSystemObject},
 };
 
 }  // namespace
@@ -47,7 +48,7 @@ R8 LinuxServices::launch(const Bstr& commandLine, WindowStyle /*style*/) {
 ObjectRef LinuxServices::createObject(std::u16string_view progId) {
     const auto name = capitals(progId);
     const auto* const row = std::ranges::find(objectMakers, name, &ObjectMaker::progId);
-    if (row == std::end(objectMakers)) raise(ErrorNumber::CannotCreateObject);
+    if (row == objectMakers.end()) raise(ErrorNumber::CannotCreateObject);
     return row->make(*this);
 }
 

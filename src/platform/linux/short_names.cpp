@@ -130,7 +130,8 @@ std::map<std::string, std::string> shortNames(const std::string& folder) {
         if (isShortName(name)) {
             taken.insert(capitals(text));
         } else {
-            alike[partsOf(text)].push_back({std::move(name), std::move(text), {}, 0});
+            auto& entries = alike[partsOf(text)];
+            entries.push_back({std::move(name), std::move(text), {}, 0});
         }
     }
     std::map<std::string, std::string> found;

@@ -54,10 +54,10 @@ int writeWhole(int descriptor, std::string_view bytes) {
 /// The file that a chain of symbolic links leads to, which need not exist.
 int followLinks(std::string& path) {
     for (int links = 0; links < mostLinks; ++links) {
-        char target[PATH_MAX];
-        const auto length = readlink(path.c_str(), target, sizeof target);
+        std::array<char, PATH_MAX> target;
+        const auto length = readlink(path.c_str(), target.data(), target.size());
         if (length < 0) return errno == EINVAL || errno == ENOENT ? 0 : errno;
-        const std::string_view leadsTo(target, static_cast<std::size_t>(length));
+        const std::string_view leadsTo(target.data(), static_cast<std::size_t>(length));
         path = leadsTo.starts_with('/') ? std::string(leadsTo) : folderOf(path).append(leadsTo);
     }
     return ELOOP;

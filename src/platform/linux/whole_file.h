@@ -2,7 +2,6 @@
 
 #include <array>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,7 +12,7 @@ namespace tovera {
 /// The bytes of a file; those of a small one need no memory of their own.
 class FileBytes {
   public:
-    FileBytes() {}
+    FileBytes() = default;
     FileBytes(const FileBytes&) = delete;
     FileBytes& operator=(const FileBytes&) = delete;
 
@@ -22,8 +21,8 @@ class FileBytes {
     /// Room for a number of bytes, in place of those that are here.
     char* room(std::size_t size) {
         size_ = 0;
-        if (size > smallSize) large_ = std::make_unique_for_overwrite<char[]>(size);
-        bytes_ = size > smallSize ? large_.get() : small_.data();
+        if (size > smallSize) large_.resize(size);
+        bytes_ = size > smallSize ? large_.data() : small_.data();
         return bytes_;
     }
     void setSize(std::size_t size) { size_ = size; }
@@ -31,7 +30,7 @@ class FileBytes {
 
   private:
     std::array<char, smallSize> small_;
-    std::unique_ptr<char[]> large_;
+    std::string large_;
     char* bytes_ = nullptr;
     std::size_t size_ = 0;
 };
