@@ -1,6 +1,6 @@
 #include <algorithm>
 #include <charconv>
-#include <optional>
+#include <cmath>
 
 #include "cli/form_file.h"
 #include "frame/error.h"
@@ -117,7 +117,7 @@ class FormReader {
         constexpr double newest = 100;
         if (error != std::errc{} || end != number.data() + number.size()) refuse();
         if (!(version > 0 && version < newest)) refuse();
-        file_.version = static_cast<int>(version * 100 + 0.5);
+        file_.version = static_cast<int>(std::lround(version * 100));
     }
 
     /// Between the version and the form stand the libraries of its controls.

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <optional>
 
 #include "cli/form_file.h"
 #include "platform/linux/letter_case.h"

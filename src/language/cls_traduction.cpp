@@ -32,10 +32,12 @@ void Cls_Traduction::Sauver_TousLesMessages(StringArray& tabMessage, Bstr& Fichi
     saveMessages(platform_, tabMessage, Fichier);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): published as a parameter by value.
 Bstr Cls_Traduction::Charger_LeMessage(Bstr Fichier, const I2& NumeroMsg) {
     return loadMessage(platform_, Fichier, NumeroMsg);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): published as a parameter by value.
 void Cls_Traduction::Charger_TousLesMessages(Bstr Fichier, StringArray& tabMessage) {
     loadMessages(platform_, Fichier, tabMessage);
 }
