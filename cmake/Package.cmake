@@ -5,7 +5,8 @@ install(FILES examples/windows/register.cmd examples/windows/unregister.cmd exam
     DESTINATION .)
 install(DIRECTORY examples/windows/ DESTINATION examples
     PATTERN "*.cmd" EXCLUDE PATTERN "LISEZMOI.txt" EXCLUDE)
-install(DIRECTORY docs/reference/ DESTINATION docs)
+install(FILES docs/windows.md DESTINATION docs)
+install(DIRECTORY docs/reference DESTINATION docs)
 
 set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_NAME TOVERA)
