@@ -12,8 +12,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Nanoseconds = std::chrono::duration<double, std::nano>;
 
-constexpr int rounds = 61;
-constexpr Nanoseconds roundTime = std::chrono::milliseconds(1);
+constexpr int rounds = 301;
+constexpr Nanoseconds roundTime = std::chrono::microseconds(200);
 
 Nanoseconds timeOf(const Loop& loop, std::size_t times) {
     const auto start = Clock::now();

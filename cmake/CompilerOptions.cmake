@@ -4,7 +4,7 @@
 # -Wno-restrict.)
 add_library(tovera_options INTERFACE)
 target_compile_options(tovera_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror -Wno-restrict -ffp-contract=off
-    -fno-math-errno -fno-trapping-math)
+    -fno-math-errno -fno-trapping-math -fno-semantic-interposition)
 target_include_directories(tovera_options INTERFACE ${CMAKE_CURRENT_SOURCE_DIR}/src)
 
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)

@@ -3,8 +3,8 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -73,28 +73,59 @@ struct WordTable {
 };
 constexpr WordTable table;
 
-/// The words as they grow, in place: even the longest number stays below 300 characters.
+/// The words of a text in their order, which are copied once, to where the text stays.
 class Words {
   public:
-    Words& operator<<(const Field& field) {
-        std::memcpy(&text_[length_], field.text.data(), sizeof field.text);
-        length_ += field.length;
-        return *this;
+    Words& operator<<(const Field& field) { return add({field.text.data(), field.length, true}); }
+    Words& operator<<(Word label) { return add({label.data(), label.size(), false}); }
+
+    std::size_t count() const { return count_; }
+
+    /// Removes the blanks at both ends of the words from one on.
+    void trimFrom(std::size_t first) {
+        auto& begin = pieces_[first];
+        auto& end = pieces_[count_ - 1];
+        if (end.text[end.length - 1] == u' ') {
+            --end.length;
+            --length_;
+        }
+        if (*begin.text == u' ') {
+            begin = {begin.text + 1, begin.length - 1, false};
+            --length_;
+        }
     }
 
-    std::size_t length() const { return length_; }
-    Word view() const { return {text_.data(), length_}; }
-
-    /// Removes the blanks at both ends of what stands behind the first characters.
-    void trimBehind(std::size_t first) {
-        if (text_[length_ - 1] == u' ') --length_;
-        if (text_[first] != u' ') return;
-        std::copy(&text_[first + 1], &text_[length_], &text_[first]);
-        --length_;
+    Bstr text() const {
+        constexpr auto spare = std::tuple_size_v<decltype(Field::text)>;
+        const bool roomForFields = length_ > Bstr::shortLength;
+        return Bstr::written(length_, roomForFields ? spare : 0, [&](char16_t* end) {
+            for (const auto& piece : std::span(pieces_).first(count_)) {
+                if (roomForFields && piece.isField) {
+                    std::char_traits<char16_t>::copy(end, piece.text, spare);
+                } else {
+                    std::char_traits<char16_t>::copy(end, piece.text, piece.length);
+                }
+                end += piece.length;
+            }
+        });
     }
 
   private:
-    std::array<char16_t, 384> text_;
+    struct Piece {
+        const char16_t* text;
+        std::size_t length;
+        bool isField;
+    };
+
+    Words& add(Piece piece) {
+        pieces_[count_++] = piece;
+        length_ += piece.length;
+        return *this;
+    }
+
+    /// At most the sign, four groups of three words, a label, and the hundredths.
+    std::array<Piece, 24> pieces_;
+    std::size_t count_ = 0;
     std::size_t length_ = 0;
 };
 
@@ -166,7 +197,7 @@ void GroupesEnLettres(Words& words, R8 v) {
         words << zero;
         return;
     }
-    const auto first = words.length();
+    const auto first = words.count();
     const auto [firstNine, u] = cutDigits(v);
     if (firstNine != 0) {
         groupEnLettres(words, firstNine / 1'000'000, milliard);
@@ -174,7 +205,7 @@ void GroupesEnLettres(Words& words, R8 v) {
         groupEnLettres(words, firstNine % 1000, mille);
     }
     CentainesEnLettres(words, u);
-    words.trimBehind(first);
+    words.trimFrom(first);
 }
 
 /// The hundredths of a number with whole part t, 0 to 100.
@@ -182,9 +213,11 @@ UI1 PartieDecimale(R8 x, R8 t) {
     return roundToInteger<UI1>((x - t) * 100);
 }
 
-/// The words of the hundredths behind the joint, and the blank that ends them or stands before their label.
-void DecimalesEnLettres(Words& words, UI1 d) {
-    if (d != 0) words << joint << DizainesEnLettres(d) << blank;
+/// The words of the hundredths, with their label or a closing blank.
+void DecimalesEnLettres(Words& words, UI1 d, const CurrencyLabels* labels) {
+    words << DizainesEnLettres(d) << blank;
+    if (labels) words << labels->small;
+    if (labels && d > 1) words << plural;
 }
 
 }  // namespace
@@ -197,16 +230,10 @@ Bstr frenchWords(R8 number, const CurrencyLabels* labels) {
     Words words;
     if (number < 0) words << minus;
     GroupesEnLettres(words, t);
-    if (!labels) {
-        DecimalesEnLettres(words, d);
-        return words.view();
-    }
-    Words behind;
-    if (t != 0 && t != 1) behind << plural;
-    DecimalesEnLettres(behind, d);
-    words << blank;
-    if (d == 0) return join(words.view(), labels->main, behind.view());
-    return join(words.view(), labels->main, behind.view(), labels->small, Word(d > 1 ? plural : Field()));
+    if (labels) words << blank << labels->main;
+    if (labels && t != 0 && t != 1) words << plural;
+    if (d != 0) DecimalesEnLettres(words << joint, d, labels);
+    return words.text();
 }
 
 }  // namespace tovera

@@ -31,13 +31,17 @@ class Bstr {
     }
     ~Bstr() = default;
 
-    /// A text of this length, whose characters are put down by `write` at the address that it gets.
+    /// Length up to which a text needs no memory of its own.
+    static constexpr std::size_t shortLength = 19;
+
+    /// A text of this length, whose characters are put down by `write` at the address that it gets. It may
+    /// put down as many more behind them as are spare, which a short text has no room for.
     template <class Write>
-    static Bstr written(std::size_t length, Write write) {
+    static Bstr written(std::size_t length, std::size_t spare, Write write) {
         Bstr text;
         text.length_ = length;
         text.null_ = false;
-        write(text.makePlace());
+        write(text.makePlace(spare));
         return text;
     }
 
@@ -51,8 +55,6 @@ class Bstr {
     friend bool operator==(const Bstr& a, const Bstr& b) { return a.view() == b.view(); }
 
   private:
-    static constexpr std::size_t shortLength = 19;
-
     void takeFrom(Bstr& other) {
         long_ = std::move(other.long_);
         length_ = std::exchange(other.length_, 0);
@@ -61,9 +63,9 @@ class Bstr {
     }
 
     bool isShort() const { return length_ <= shortLength; }
-    char16_t* makePlace() {
+    char16_t* makePlace(std::size_t spare = 0) {
         if (isShort()) return short_.data();
-        long_ = std::make_unique_for_overwrite<char16_t[]>(length_);
+        long_ = std::make_unique_for_overwrite<char16_t[]>(length_ + spare);
         return long_.get();
     }
 
@@ -99,7 +101,7 @@ constexpr std::u16string_view beforeNul(std::u16string_view text) {
 /// Joins texts into one, with one allocation.
 template <class... Pieces>
 Bstr join(const Pieces&... pieces) {
-    return Bstr::written((std::u16string_view(pieces).size() + ...), [&](char16_t* end) {
+    return Bstr::written((std::u16string_view(pieces).size() + ...), 0, [&](char16_t* end) {
         ((end += std::u16string_view(pieces).copy(end, std::u16string_view::npos)), ...);
     });
 }
@@ -111,7 +113,7 @@ class FixedText {
     explicit FixedText(char16_t fill = u' ') : text_(std::u16string(N, fill)) {}
 
     FixedText& operator=(std::u16string_view text) {
-        text_ = Bstr::written(N, [&](char16_t* place) {
+        text_ = Bstr::written(N, 0, [&](char16_t* place) {
             const auto length = text.copy(place, N);
             std::fill(place + length, place + N, u' ');
         });
