@@ -12,24 +12,13 @@ TEST(ClsConversion, TypedNumbers) {
         Bstr cleaned;
         bool refused = false;
     } rows[] = {
-        {u"1 234,50", u"1234,50"},
-        {u"-12.5", u"-12.5"},
-        {u" - 12", u"-12"},
-        {u",,,", u",,,"},
-        {u"1,2.3", u"1,2.3"},
-        {u"", u""},
-        {u"   ", u""},
-        {Bstr(), u""},
-        {u"-", u"-"},
-        {u"12-3", u"", true},
-        {u"1a", u"", true},
-        {u"+5", u"", true},
-        {u"--1", u"", true},
-        {u"1\t2", u"", true},
-        {u"\u0661", u"", true},
-        {u"1\u00A02", u"", true},
-        {u"\u00B2", u"", true},
+        // clang-format off
+        {u"1 234,50", u"1234,50"}, {u"-12.5", u"-12.5"}, {u" - 12", u"-12"}, {u",,,", u",,,"},
+        {u"1,2.3", u"1,2.3"}, {u"", u""}, {u"   ", u""}, {Bstr(), u""}, {u"-", u"-"}, {u"12-3", u"", true},
+        {u"1a", u"", true}, {u"+5", u"", true}, {u"--1", u"", true}, {u"1\t2", u"", true},
+        {u"\u0661", u"", true}, {u"1\u00A02", u"", true}, {u"\u00B2", u"", true},
         {std::u16string(u"1\0", 2), u"", true},
+        // clang-format on
     };
     for (const auto& row : rows) {
         TestPlatform test;
@@ -80,18 +69,18 @@ TEST(ClsConversion, OemTextCrossesBothTexts) {
 TEST(ClsConversion, ByName) {
     TestPlatform test;
     EXPECT_CALL(test.user32, OemToCharA(_, _)).WillOnce(::testing::Return(1));
-    expectCallsOfEveryMethod<Cls_Conversion>(
-        test.platform, {
-                           {u"Ctrl_SaiseNombre", {u"1 2"}, u"12"},
-                           {u"Ctrl_SaiseNombre", {I4{-5}}, u"-5"},
-                           {u"ConvertirNombreEnLettre", {u"71", VariantBool(false)}, u"soixante et onze"},
-                           {u"ConvertirNombreEnLettre", {R8{0.996}, VariantBool(false)}, {}, 9},
-                           {u"ConvertirNombreEnLettre", {I2{1}, I2{1}}, u"un "},
-                           {u"ConvertirNombreEnLettre", {u"mille", VariantBool(false)}, {}, 13},
-                           {u"ConvertirNombreEnLettre", {Null{}, VariantBool(false)}, {}, 94},
-                           {u"ConvertirNombreEnLettre", {I2{1}}, {}, 449},
-                           {u"ConvertirOemAnsi", {u"a", u"b"}, I2{1}},
-                       });
+    const std::vector<NamedCall> calls{
+        // clang-format off
+        gives(u"12", u"Ctrl_SaiseNombre", u"1 2"), gives(u"-5", u"Ctrl_SaiseNombre", I4{-5}),
+        gives(u"soixante et onze", u"ConvertirNombreEnLettre", u"71", VariantBool(false)),
+        fails(9, u"ConvertirNombreEnLettre", R8{0.996}, VariantBool(false)),
+        gives(u"un ", u"ConvertirNombreEnLettre", I2{1}, I2{1}),
+        fails(13, u"ConvertirNombreEnLettre", u"mille", VariantBool(false)),
+        fails(94, u"ConvertirNombreEnLettre", Null{}, VariantBool(false)),
+        fails(449, u"ConvertirNombreEnLettre", I2{1}), gives(I2{1}, u"ConvertirOemAnsi", u"a", u"b"),
+        // clang-format on
+    };
+    expectCallsOfEveryMethod<Cls_Conversion>(test.platform, calls);
     const auto object = objectOn<Cls_Conversion>(test.platform);
     writeMember(object, u"IntituleMonnaie", u"franc");
     writeMember(object, u"IntitulePetiteMonnaie", u"sou");

@@ -35,29 +35,20 @@ constexpr I4 wrongCount = 450;
 
 TEST_F(CallByName, NamesArgumentsAndKinds) {
     const std::vector<NamedCall> calls{
-        {u"sOMME", {I2{3}, I2{4}}, I2{7}},
-        {u"Somme", {u" 3", R8{4.5}}, I2{7}},
-        {u"Somme", {I4{32767}, VariantBool(true)}, I2{32766}},
-        {u"Somme", {I2{32767}, I2{1}}, {}, 6},
-        {u"Somme", {I4{40000}, I2{1}}, {}, 6},
-        {u"Somme", {Null{}, I2{1}}, {}, 94},
-        {u"Somme", {u"trois", I2{1}}, {}, typeMismatch},
-        {u"Somme", {ObjectRef{}, I2{1}}, {}, typeMismatch},
-        {u"Somme", {I2{3}}, {}, argumentMissing},
-        {u"Somme", {Variant::missing(), I2{1}}, {}, argumentMissing},
-        {u"Somme", {I2{1}, I2{2}, I2{3}}, {}, wrongCount},
-        {u"Copie", {Null{}}, Null{}},
-        {u"Copie", {Variant{}}, Variant{}},
-        {u"Relier", {u"a"}, u"a."},
-        {u"Relier", {u"a", u"b"}, u"ab."},
-        {u"Relier", {u"a", Variant::missing(), VariantBool(true)}, u"a"},
-        {u"Relier", {I2{1}, R8{0.5}, u"0"}, u"10.5."},
-        {u"Titre", {}, u"titre"},
-        {u"Titre", {u"a"}, {}, wrongCount},
-        {u"Voisin", {}, ObjectRef{}},
-        {u"Sommes", {}, {}, noSuchMember},
-        {u"", {}, {}, noSuchMember},
-        {u"Somm\u00C9", {}, {}, noSuchMember},
+        // clang-format off
+        gives(I2{7}, u"sOMME", I2{3}, I2{4}), gives(I2{7}, u"Somme", u" 3", R8{4.5}),
+        gives(I2{32766}, u"Somme", I4{32767}, VariantBool(true)), fails(6, u"Somme", I2{32767}, I2{1}),
+        fails(6, u"Somme", I4{40000}, I2{1}), fails(94, u"Somme", Null{}, I2{1}),
+        fails(typeMismatch, u"Somme", u"trois", I2{1}), fails(typeMismatch, u"Somme", ObjectRef{}, I2{1}),
+        fails(argumentMissing, u"Somme", I2{3}), fails(argumentMissing, u"Somme", Variant::missing(), I2{1}),
+        fails(wrongCount, u"Somme", I2{1}, I2{2}, I2{3}), gives(Null{}, u"Copie", Null{}),
+        gives(Variant{}, u"Copie", Variant{}), gives(u"a.", u"Relier", u"a"),
+        gives(u"ab.", u"Relier", u"a", u"b"),
+        gives(u"a", u"Relier", u"a", Variant::missing(), VariantBool(true)),
+        gives(u"10.5.", u"Relier", I2{1}, R8{0.5}, u"0"), gives(u"titre", u"Titre"),
+        fails(wrongCount, u"Titre", u"a"), gives(ObjectRef{}, u"Voisin"), fails(noSuchMember, u"Sommes"),
+        fails(noSuchMember, u""), fails(noSuchMember, u"Somm\u00C9"),
+        // clang-format on
     };
     for (const auto& call : calls) expectCall(object, call);
 
@@ -92,13 +83,10 @@ TEST_F(CallByName, ByReferenceInAVariant) {
         {R8{2.5}, I4{4}},
         {u"21", I4{42}},
         {u"0", u"0"},  // what the member leaves as it was stays in its own type
-        {Variant{}, Variant{}},
-        {VariantBool(true), I4{-2}},
-        {UI1{200}, I4{400}},
-        {I4{0x40000000}, I4{0x40000000}, 6},
-        {u"x", u"x", 13},
-        {Null{}, Null{}, 94},
-        {R8{1e10}, R8{1e10}, 6},
+        // clang-format off
+        {Variant{}, Variant{}}, {VariantBool(true), I4{-2}}, {UI1{200}, I4{400}},
+        {I4{0x40000000}, I4{0x40000000}, 6}, {u"x", u"x", 13}, {Null{}, Null{}, 94}, {R8{1e10}, R8{1e10}, 6},
+        // clang-format on
     };
     for (const auto& row : rows) {
         auto direct = row.before;
@@ -183,14 +171,13 @@ TEST_F(CallByName, ByReferenceVariantsArraysAndObjects) {
 TEST_F(CallByName, WhatIsAssignedBeforeAFailure) {
     const ObjectRef neighbour = newProbe();
     const std::vector<std::pair<NamedCall, Variant>> rows{
-        {{u"PerdreI4", {I4{7}}, {}}, I4{7}},
-        {{u"PerdreR8", {R8{7.5}}, {}}, R8{7.5}},
+        // clang-format off
+        {{u"PerdreI4", {I4{7}}, {}}, I4{7}}, {{u"PerdreR8", {R8{7.5}}, {}}, R8{7.5}},
         {{u"PerdreDate", {Date{7}}, {}}, Date{7}},
         {{u"PerdreVerite", {VariantBool(true)}, {}}, VariantBool(true)},
-        {{u"PerdreTexte", {u"perdu"}, {}}, Bstr()},
-        {{u"PerdreVariant", {I4{7}}, {}}, Variant{}},
-        {{u"PerdreObjet", {neighbour}, {}}, ObjectRef{}},
-        {{u"Somme", {I2{32767}, I2{1}}, {}}, I2{0}},
+        {{u"PerdreTexte", {u"perdu"}, {}}, Bstr()}, {{u"PerdreVariant", {I4{7}}, {}}, Variant{}},
+        {{u"PerdreObjet", {neighbour}, {}}, ObjectRef{}}, {{u"Somme", {I2{32767}, I2{1}}, {}}, I2{0}},
+        // clang-format on
     };
     ErrorRecord failure;  // one record for all calls: a caller need not clear it
     for (const auto& [call, expected] : rows) {

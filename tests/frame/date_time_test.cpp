@@ -30,17 +30,14 @@ TEST(DateTime, PartsOfAMoment) {
         I4 day, second;
         std::u16string_view text;
     } rows[] = {
-        {0, 0, 0, u"00:00:00"},
-        {0.25, 0, 21600, u"06:00:00"},
-        {-0.25, 0, 21600, u"06:00:00"},
-        {-1.25, -1, 21600, u"29/12/1899 06:00:00"},
-        {1.5, 1, 43200, u"31/12/1899 12:00:00"},
-        {37382, 37382, 0, u"06/05/2002"},
-        {37382 + 86399.4 / 86400, 37382, 86399, u"06/05/2002 23:59:59"},
-        {37382 + 86399.6 / 86400, 37382, 86400, u"07/05/2002"},
-        {0.999999, 0, 86400, u"31/12/1899"},
+        // clang-format off
+        {0, 0, 0, u"00:00:00"}, {0.25, 0, 21600, u"06:00:00"}, {-0.25, 0, 21600, u"06:00:00"},
+        {-1.25, -1, 21600, u"29/12/1899 06:00:00"}, {1.5, 1, 43200, u"31/12/1899 12:00:00"},
+        {37382, 37382, 0, u"06/05/2002"}, {37382 + 86399.4 / 86400, 37382, 86399, u"06/05/2002 23:59:59"},
+        {37382 + 86399.6 / 86400, 37382, 86400, u"07/05/2002"}, {0.999999, 0, 86400, u"31/12/1899"},
         {-657434.5, -657434, 43200, u"01/01/0100 12:00:00"},
         {2958465.5, 2958465, 43200, u"31/12/9999 12:00:00"},
+        // clang-format on
     };
     for (const auto& row : rows) {
         EXPECT_EQ(dayOf(Date{row.days}), row.day);
@@ -61,31 +58,19 @@ TEST(DateTime, DatesInText) {
         std::u16string_view text;
         std::optional<R8> dayFirst, monthFirst, yearFirst;
     } rows[] = {
-        {u"06/05/2002", may6, may6 + 30, none},
-        {u"2002-05-06", may6, may6, may6},
-        {u"2002-05-06 12:00", may6 + 0.5, may6 + 0.5, may6 + 0.5},
-        {u"6.5.02", may6, may6 + 30, 38839},
-        {u"31/12/1899", 1, none, none},
-        {u"28-12-1899 06:00:00", -2.25, none, none},
-        {u"18:00", 0.75, 0.75, 0.75},
-        {u"23:59:59", 86399.0 / 86400, 86399.0 / 86400, 86399.0 / 86400},
-        {u"24:00", none, none, none},
-        {u"12:60", none, none, none},
-        {u"12:00:00:00", none, none, none},
-        {u"31/02/2002", none, none, none},
-        {u"10/257/2002", none, none, none},
-        {u"266/01/2002", none, none, none},
-        {u"2002-257-10", none, none, none},
-        {u"2002-01-266", none, none, none},
-        {u"01/01/99999", none, none, none},
-        {u"01/01/65636", none, none, none},
-        {u"06/05-2002", none, none, none},
-        {u"06/05", none, none, none},
-        {u"/06/05/2002", none, none, none},
-        {u"06/05/2002 ", none, none, none},
-        {u"06/05/2002 x", none, none, none},
-        {u"", none, none, none},
-        {u"99999999999/1/1", none, none, none},
+        // clang-format off
+        {u"06/05/2002", may6, may6 + 30, none}, {u"2002-05-06", may6, may6, may6},
+        {u"2002-05-06 12:00", may6 + 0.5, may6 + 0.5, may6 + 0.5}, {u"6.5.02", may6, may6 + 30, 38839},
+        {u"31/12/1899", 1, none, none}, {u"28-12-1899 06:00:00", -2.25, none, none},
+        {u"18:00", 0.75, 0.75, 0.75}, {u"23:59:59", 86399.0 / 86400, 86399.0 / 86400, 86399.0 / 86400},
+        {u"24:00", none, none, none}, {u"12:60", none, none, none}, {u"12:00:00:00", none, none, none},
+        {u"31/02/2002", none, none, none}, {u"10/257/2002", none, none, none},
+        {u"266/01/2002", none, none, none}, {u"2002-257-10", none, none, none},
+        {u"2002-01-266", none, none, none}, {u"01/01/99999", none, none, none},
+        {u"01/01/65636", none, none, none}, {u"06/05-2002", none, none, none}, {u"06/05", none, none, none},
+        {u"/06/05/2002", none, none, none}, {u"06/05/2002 ", none, none, none},
+        {u"06/05/2002 x", none, none, none}, {u"", none, none, none}, {u"99999999999/1/1", none, none, none},
+        // clang-format on
     };
     const auto days = [](std::u16string_view text, DateOrder order) -> std::optional<R8> {
         const auto date = parseDate(text, {u'.', u',', order, 2029});

@@ -76,13 +76,11 @@ TEST(Text, Utf8) {
         std::string_view bytes;
         std::u16string_view text;
     } broken[] = {
-        {"\xC3", u"\uFFFD"},
-        {"\xC3(", u"\uFFFD("},
-        {"\xC0\x80", u"\uFFFD\uFFFD"},
-        {"\xE0\x80\x80", u"\uFFFD\uFFFD\uFFFD"},
-        {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
-        {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
-        {"\xFF", u"\uFFFD"},
+        // clang-format off
+        {"\xC3", u"\uFFFD"}, {"\xC3(", u"\uFFFD("}, {"\xC0\x80", u"\uFFFD\uFFFD"},
+        {"\xE0\x80\x80", u"\uFFFD\uFFFD\uFFFD"}, {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
+        {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"}, {"\xFF", u"\uFFFD"},
+        // clang-format on
         {"\x80"
          "a",
          u"\uFFFDa"},

@@ -77,19 +77,13 @@ TEST_F(ClsMath, TheReducedAngleIsInTheCallersVariable) {
         R4 result;
         I4 error = 0;
     } rows[] = {
-        {R8{3.14}, R8{3.14}, 3.14F},
-        {R8{-3.14}, R8{-3.14}, -3.14F},
-        {R8{3.15}, R8{3.15 - 6.28}, -3.13F},
-        {R8{-3.15}, R8{-3.15 + 6.28}, 3.13F},
-        {I2{10}, R8{10 - 6.28 - 6.28}, -2.56F},
-        {u"10", R8{10 - 6.28 - 6.28}, -2.56F},
-        {R8{6.28}, R8{0}, 0},
-        {I2{3}, I2{3}, 3},
-        {u" 3 ", u" 3 ", 3},
-        {Variant{}, Variant{}, 0},
-        {R4{3.5F}, R8{3.5 - 6.28}, -2.78F},
-        {u"dix", u"dix", 0, 13},
+        // clang-format off
+        {R8{3.14}, R8{3.14}, 3.14F}, {R8{-3.14}, R8{-3.14}, -3.14F}, {R8{3.15}, R8{3.15 - 6.28}, -3.13F},
+        {R8{-3.15}, R8{-3.15 + 6.28}, 3.13F}, {I2{10}, R8{10 - 6.28 - 6.28}, -2.56F},
+        {u"10", R8{10 - 6.28 - 6.28}, -2.56F}, {R8{6.28}, R8{0}, 0}, {I2{3}, I2{3}, 3}, {u" 3 ", u" 3 ", 3},
+        {Variant{}, Variant{}, 0}, {R4{3.5F}, R8{3.5 - 6.28}, -2.78F}, {u"dix", u"dix", 0, 13},
         {Null{}, Null{}, 0, 94},
+        // clang-format on
     };
     for (const auto& row : rows) {
         Variant far = row.before;
@@ -143,31 +137,25 @@ TEST_F(ClsMath, InverseFunctionsGiveTheGridOfTheSearch) {
 
 TEST_F(ClsMath, ByName) {
     std::vector<NamedCall> calls{
-        {u"MesurePrincipale", {I2{10}}, R4{-2.56F}},
-        {u"Hypothenuse", {I2{0}, I2{0}, u"3", I4{4}}, R8{5}},
-        {u"Hypothenuse", {I2{7}, R8{0.5}, I2{7}, R8{0.5}}, R8{0}},
-        {u"Hypothenuse", {I2{32767}, I2{0}, I2{-32768}, Variant{}}, R8{65535}},
-        {u"Hypothenuse", {R8{1e200}, I2{0}, I2{0}, I2{0}}, {}, 6},
-        {u"Hypothenuse", {u"a", I2{0}, I2{0}, I2{0}}, {}, 13},
-        {u"Hypothenuse", {Null{}, I2{0}, I2{0}, I2{0}}, {}, 94},
-        {u"InverseCosinus", {I2{0}}, R4{1.57F}},
-        {u"InverseCosinus", {R8{0.5}}, R4{1.0362F}},
-        {u"InverseCosinus", {R8{-0.5}}, R4{2.1038F}},
-        {u"InverseCosinus", {R8{0.9999}}, searched(0.9999, [](R8 a) { return std::cos(a); })},
-        {u"InverseCosinus", {R8{1.5}}, R4{0}},
-        {u"InverseCosinus", {u"0.5"}, R4{0}},
-        {u"InverseCosinus", {u"abc"}, R4{0}},
-        {u"InverseCosinus", {Null{}}, R4{0}},
-        {u"InverseCosinus", {Variant{}}, R4{1.57F}},
-        {u"InverseSinus", {R8{0.5}}, R4{0.5338F}},
-        {u"InverseSinus", {R8{0.99}}, R4{1.4444F}},
-        {u"InverseSinus", {R8{-0.5}}, R4{3.6738F}},
-        {u"InverseSinus", {VariantBool(true)}, R4{0}},
-        {u"InverseSinus", {ObjectRef{}}, {}, 13},
-        {u"AngleTrigo", {I2{5}, I2{7}, I2{5}, I2{7}}, {}, 6},
-        {u"AngleTrigo", {u"x", I2{7}, I2{5}, I2{7}}, {}, 13},
-        {u"AngleTrigo", {I2{1}, I2{1}, I2{0}}, {}, 449},
-    };
+        // clang-format off
+        gives(R4{-2.56F}, u"MesurePrincipale", I2{10}),
+        gives(R8{5}, u"Hypothenuse", I2{0}, I2{0}, u"3", I4{4}),
+        gives(R8{0}, u"Hypothenuse", I2{7}, R8{0.5}, I2{7}, R8{0.5}),
+        gives(R8{65535}, u"Hypothenuse", I2{32767}, I2{0}, I2{-32768}, Variant{}),
+        fails(6, u"Hypothenuse", R8{1e200}, I2{0}, I2{0}, I2{0}),
+        fails(13, u"Hypothenuse", u"a", I2{0}, I2{0}, I2{0}),
+        fails(94, u"Hypothenuse", Null{}, I2{0}, I2{0}, I2{0}), gives(R4{1.57F}, u"InverseCosinus", I2{0}),
+        gives(R4{1.0362F}, u"InverseCosinus", R8{0.5}), gives(R4{2.1038F}, u"InverseCosinus", R8{-0.5}),
+        gives(searched(0.9999, [](R8 a) { return std::cos(a); }), u"InverseCosinus", R8{0.9999}),
+        gives(R4{0}, u"InverseCosinus", R8{1.5}), gives(R4{0}, u"InverseCosinus", u"0.5"),
+        gives(R4{0}, u"InverseCosinus", u"abc"), gives(R4{0}, u"InverseCosinus", Null{}),
+        gives(R4{1.57F}, u"InverseCosinus", Variant{}), gives(R4{0.5338F}, u"InverseSinus", R8{0.5}),
+        gives(R4{1.4444F}, u"InverseSinus", R8{0.99}), gives(R4{3.6738F}, u"InverseSinus", R8{-0.5}),
+        gives(R4{0}, u"InverseSinus", VariantBool(true)), fails(13, u"InverseSinus", ObjectRef{}),
+        fails(6, u"AngleTrigo", I2{5}, I2{7}, I2{5}, I2{7}),
+        fails(13, u"AngleTrigo", u"x", I2{7}, I2{5}, I2{7}),
+        // clang-format on
+        fails(449, u"AngleTrigo", I2{1}, I2{1}, I2{0})};
     expectCallsOfEveryMethod<Cls_Math>(test.platform, calls);
     EXPECT_NEAR(object.InverseCosinus(R8{0.9999}), 6.28, 1e-5);
 }

@@ -17,6 +17,15 @@ struct NamedCall {
     I4 error = 0;
 };
 
+template <class... Arguments>
+NamedCall gives(Variant expected, std::u16string_view member, Arguments... arguments) {
+    return {member, {Variant(arguments)...}, std::move(expected)};
+}
+template <class... Arguments>
+NamedCall fails(I4 error, std::u16string_view member, Arguments... arguments) {
+    return {member, {Variant(arguments)...}, {}, error};
+}
+
 template <class C>
 ObjectRef objectOn(Platform& platform) {
     return makeObject<ComponentObjectOf<C>>(platform.services, platform);
