@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 
 #include "cli/program.h"
+#include "platform/linux/temporary_folder.h"
 #include "platform/platform.h"
 #include "support/test_platform.h"
 
@@ -21,12 +22,7 @@ constexpr std::string_view formText =
 
 class FormArgumentTest : public ::testing::Test {
   protected:
-    FormArgumentTest() {
-        fs::remove_all(folder);
-        fs::create_directories(folder);
-        write(path, formText);
-    }
-    ~FormArgumentTest() override { fs::remove_all(folder); }
+    FormArgumentTest() { write(path, formText); }
 
     static void write(const fs::path& file, std::string_view bytes) {
         std::ofstream(file, std::ios::binary) << bytes;
@@ -43,7 +39,8 @@ class FormArgumentTest : public ::testing::Test {
         return member + "(form(\"" + path.string() + "\"), \"" + language.string() + "\")";
     }
 
-    fs::path folder = fs::path(::testing::TempDir()) / "tovera_forms";
+    testing::TemporaryFolder temporary;
+    fs::path folder = temporary.path();
     fs::path path = folder / "Accueil.frm";
     fs::path language = folder / "en.lng";
     std::string english =
