@@ -28,6 +28,20 @@ inline Loop (*luaEaster)(int firstYear, int lastYear) = nullptr;
 inline Loop (*sqliteRead)(int rows) = nullptr;
 inline Loop (*sqliteWrite)(int rows) = nullptr;
 
+/// An entry of a profile file, all in UTF-8.
+struct ProfileEntry {
+    std::string path;
+    std::string section;
+    std::string key;
+};
+
+/// GLib's key file: loaded anew, and one entry read, or set and the file replaced and synced.
+inline Loop (*glibRead)(ProfileEntry entry) = nullptr;
+inline Loop (*glibWrite)(ProfileEntry entry) = nullptr;
+
+/// SimpleIni: loaded anew, and one entry read.
+inline Loop (*simpleIniRead)(ProfileEntry entry) = nullptr;
+
 /// The loop of a peer, or an empty one when it isn't installed.
 template <class... Inputs>
 Loop loopIfInstalled(Loop (*peer)(Inputs...), Inputs... inputs) {
