@@ -86,6 +86,14 @@ const Group registry([] {
                         loopOf([=] { return filled->write(); }),
                         {"SQLite WAL", loopIfInstalled(sqliteWrite, keys)},
                         1});
+        // Its file is rewritten whole at each write: with the large number of keys nobody would wait for it.
+        if (keys > 1000) continue;
+        rows.push_back({"registry read" + of,
+                        loopOf([=] { return filled->read(); }),
+                        {"GSettings", loopIfInstalled(gsettingsRead, keys)}});
+        rows.push_back({"registry write" + of,
+                        loopOf([=] { return filled->write(); }),
+                        {"GSettings", loopIfInstalled(gsettingsWrite, keys)}});
     }
     return rows;
 });

@@ -28,6 +28,10 @@ inline Loop (*luaEaster)(int firstYear, int lastYear) = nullptr;
 inline Loop (*sqliteRead)(int rows) = nullptr;
 inline Loop (*sqliteWrite)(int rows) = nullptr;
 
+/// GSettings on its file backend: one text of so many paths, the object made anew for each operation.
+inline Loop (*gsettingsRead)(int paths) = nullptr;
+inline Loop (*gsettingsWrite)(int paths) = nullptr;
+
 /// An entry of a profile file, all in UTF-8.
 struct ProfileEntry {
     std::string path;
