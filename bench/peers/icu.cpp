@@ -6,6 +6,7 @@
 namespace bench {
 namespace {
 
+/// Through ICU's entry for whole numbers, which is its faster one.
 Loop spellOut(double number) {
     UErrorCode status = U_ZERO_ERROR;
     auto format =
@@ -13,7 +14,7 @@ Loop spellOut(double number) {
     requireSame(U_SUCCESS(status), "ICU has no spell-out for French");
     return loopOf([format, number] {
         icu::UnicodeString words;
-        format->format(opaque(number), words);
+        format->format(static_cast<int64_t>(opaque(number)), words);
         return words;
     });
 }

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,10 +17,9 @@ namespace tovera {
 /// values are, lie in the object itself.
 class Bstr {
   public:
-    Bstr() = default;
-    Bstr(std::u16string_view text) : length_(text.size()), null_(false) {
-        text.copy(makePlace(), text.size());
-    }
+    // Not defaulted: `Bstr{}` would clear the place of short texts before each use.
+    Bstr() noexcept {}  // NOLINT(modernize-use-equals-default)
+    Bstr(std::u16string_view text) { text.copy(makePlace(text.size()), text.size()); }
     Bstr(const std::u16string& text) : Bstr(std::u16string_view(text)) {}
     Bstr(const char16_t* text) : Bstr(std::u16string_view(text)) {}
 
@@ -32,16 +33,14 @@ class Bstr {
     ~Bstr() = default;
 
     /// Length up to which a text needs no memory of its own.
-    static constexpr std::size_t shortLength = 19;
+    static constexpr std::size_t shortLength = 20;
 
     /// A text of this length, whose characters are put down by `write` at the address that it gets. It may
     /// put down as many more behind them as are spare, which a short text has no room for.
     template <class Write>
     static Bstr written(std::size_t length, std::size_t spare, Write write) {
         Bstr text;
-        text.length_ = length;
-        text.null_ = false;
-        write(text.makePlace(spare));
+        write(text.makePlace(length, spare));
         return text;
     }
 
@@ -63,17 +62,20 @@ class Bstr {
     }
 
     bool isShort() const { return length_ <= shortLength; }
-    char16_t* makePlace(std::size_t spare = 0) {
+    char16_t* makePlace(std::size_t length, std::size_t spare = 0) {
+        if (!std::in_range<std::uint32_t>(length)) throw std::length_error("Bstr");
+        length_ = static_cast<std::uint32_t>(length);
+        null_ = false;
         if (isShort()) return short_.data();
-        long_ = std::make_unique_for_overwrite<char16_t[]>(length_ + spare);
+        long_ = std::make_unique_for_overwrite<char16_t[]>(length + spare);
         return long_.get();
     }
 
     std::unique_ptr<char16_t[]> long_;
-    std::size_t length_ = 0;
+    std::uint32_t length_ = 0;
+    bool null_ = true;
     /// Not set beyond the length: an empty text costs nothing to make.
     std::array<char16_t, shortLength> short_;
-    bool null_ = true;
 };
 
 /// The first characters of a text, or all of it when it is shorter.
