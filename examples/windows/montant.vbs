@@ -18,9 +18,9 @@ WScript.Echo dates.NBJoursOuvrablesParMois(2026, 11) & " jours ouvrables en nove
 Set math = CreateObject("KADRELDLL.Cls_Math")
 angle = 10
 math.MesurePrincipale angle
-WScript.Echo "10 radians = " & Round(angle, 2) & " radian"
+WScript.Echo "10 radians = " & FormatNumber(angle, 2) & " radian"
 
 ' A failing call raises a numbered error.
 On Error Resume Next
-WScript.Echo dates.Chrono("minuit", 3600)
+WScript.Echo dates.Paques("demain")
 WScript.Echo "erreur " & Err.Number & " : " & Err.Description

@@ -25,6 +25,20 @@ SAFEARRAY* arrayAt(void* address) {
     return *static_cast<SAFEARRAY**>(address);
 }
 
+bool isArray(const VARIANT& variant) {
+    return (variant.vt & VT_ARRAY) && !(variant.vt & VT_BYREF);
+}
+
+/// An array in a `VARIANT` is a variable of its own, so that the type of its elements stays: scripts make
+/// arrays of `VARIANT`s, and reach the elements of no others.
+VARIANT arrayIn(VARIANT& variant) {
+    VARIANT reference;
+    VariantInit(&reference);
+    reference.vt = static_cast<VARTYPE>(VT_BYREF | variant.vt);
+    reference.pparray = &variant.parray;
+    return reference;
+}
+
 /// The array that a variable is to hold; one that is locked keeps its bounds.
 SystemVariant arrayFor(void* address, VARTYPE tag, const Variant& value) {
     const auto* const array = value.as<StringArray>();
@@ -73,6 +87,8 @@ Variant CallerVariables::variable(const VARIANT& reference, int chain) {
     if (!(reference.vt & VT_BYREF)) return valueOf(reference);
     if (!reference.byref || chain == 0) raise(ErrorNumber::TypeMismatch);
     const auto tag = static_cast<VARTYPE>(reference.vt & ~VT_BYREF);
+    if (tag == VT_VARIANT && isArray(*reference.pvarVal))
+        return variable(arrayIn(*reference.pvarVal), chain - 1);
     Variant copy = tag == VT_VARIANT ? variable(*reference.pvarVal, chain - 1) : valueOf(reference);
     auto& added = variables_.emplace_back(Variable{reference.byref, tag, std::move(copy), {}, {}});
     added.before = added.value;

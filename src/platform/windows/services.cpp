@@ -9,8 +9,10 @@
 namespace tovera {
 namespace {
 
-const wchar_t* addressOf(const Bstr& text) {
-    return reinterpret_cast<const wchar_t*>(text.view().data());
+/// The text with the NUL behind it that the system looks for.
+std::wstring terminated(const Bstr& text) {
+    const auto units = text.view();
+    return {units.begin(), units.end()};
 }
 
 /// The screen's device, for its resolution.
@@ -39,7 +41,8 @@ DWORD ansiFlags() {
 }  // namespace
 
 I4 WindowsServices::messageBox(const Bstr& text, I4 flags, const Bstr& title) {
-    return MessageBoxW(GetActiveWindow(), addressOf(text), addressOf(title), static_cast<UINT>(flags));
+    return MessageBoxW(GetActiveWindow(), terminated(text).c_str(), terminated(title).c_str(),
+                       static_cast<UINT>(flags));
 }
 
 R8 WindowsServices::launch(const Bstr& commandLine, WindowStyle style) {

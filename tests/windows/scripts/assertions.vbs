@@ -34,6 +34,16 @@ Sub Check(what, found, expected)
     End If
 End Sub
 
+' The type is as expected, and the value to four decimal places.
+Sub CheckNear(what, found, expected)
+    checksMade = checksMade + 1
+    If VarType(found) <> VarType(expected) Then
+        Fault what, Shown(found), Shown(expected)
+    ElseIf Abs(CDbl(found) - CDbl(expected)) > 0.00005 Then
+        Fault what, Shown(found), Shown(expected)
+    End If
+End Sub
+
 ' The statement before has failed in this way.
 Sub CheckError(what, number, description)
     Dim foundNumber, foundDescription

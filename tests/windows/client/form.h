@@ -1,0 +1,39 @@
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "client/com.h"
+
+namespace tovera::client {
+
+/// A form or a control as an application hands it in: text members, which are found by name, and for a form
+/// its controls, which it enumerates.
+class Form : public IDispatch {
+  public:
+    using Members = std::map<std::wstring, std::wstring>;
+
+    explicit Form(Members members, std::vector<Form*> controls = {})
+        : members_(std::move(members)), controls_(std::move(controls)) {}
+    virtual ~Form() = default;
+
+    std::wstring text(const std::wstring& member) const { return members_.at(member); }
+    /// References that are still held by others.
+    ULONG references() const { return references_; }
+
+    STDMETHODIMP QueryInterface(REFIID interfaceId, void** found) override;
+    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+    STDMETHODIMP_(ULONG) Release() override { return --references_; }
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override { return *count = 0, S_OK; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override;
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO*, UINT*) override;
+
+  private:
+    Members members_;
+    std::vector<Form*> controls_;
+    ULONG references_ = 0;
+};
+
+}  // namespace tovera::client
