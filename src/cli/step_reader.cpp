@@ -167,7 +167,8 @@ Variant StepReader::takeArray() {
         skipBlanks();
         if (i > 0 && !take(u',')) fail("an array has as many texts as its bounds say");
         skipBlanks();
-        const auto element = takeLiteral();
+        const bool nested = !atEnd() && text_[at_] == u'[';  // not read: it could go on to any depth
+        const auto element = nested ? std::nullopt : takeLiteral();
         const bool isNull = element && element->is<Null>();
         if (!isNull && !(element && element->is<Bstr>())) fail("the elements of an array are texts, or Null");
         elements.push_back(isNull ? Bstr() : *element->as<Bstr>());

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <iostream>
 #include <span>
 #include <string>
@@ -18,7 +18,7 @@ class Input {
     Number take() {
         Number value{};
         const auto count = std::min(sizeof value, bytes_.size());
-        std::memcpy(&value, bytes_.data(), count);
+        std::copy_n(bytes_.begin(), count, reinterpret_cast<std::uint8_t*>(&value));
         bytes_ = bytes_.subspan(count);
         return value;
     }
@@ -28,7 +28,7 @@ class Input {
     /// All that is left, two bytes a code unit.
     std::u16string wideText() const {
         std::u16string units(bytes_.size() / 2, u'\0');
-        std::memcpy(units.data(), bytes_.data(), units.size() * 2);
+        std::copy_n(bytes_.begin(), units.size() * 2, reinterpret_cast<std::uint8_t*>(units.data()));
         return units;
     }
 
