@@ -42,9 +42,9 @@ const Group words([] {
         const Peer icu{"ICU spell-out", loopIfInstalled(icuSpellOut, value)};
         const auto name = std::string("words of ") + number;
         rows.push_back({name + ", direct", direct(value, False), icu, target});
-        rows.push_back({name + ", by name", byName(value, False), icu, target});
+        rows.push_back({name + ", by name", byName(value, False), icu});
         rows.push_back({name + " as amount, direct", direct(value, True), icu, target});
-        rows.push_back({name + " as amount, by name", byName(value, True), icu, target});
+        rows.push_back({name + " as amount, by name", byName(value, True), icu});
     }
     return rows;
 });

@@ -1,5 +1,6 @@
 #include "conversion/french_words.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -30,8 +31,9 @@ constexpr std::array<Word, 10> TabDizaines{
 };
 
 /// A text in a field of fixed size, which is copied whole: faster than copying just its characters.
+template <std::size_t Size>
 struct Field {
-    std::array<char16_t, 24> text{};
+    std::array<char16_t, Size> text{};
     std::size_t length = 0;
 
     constexpr Field() = default;
@@ -41,7 +43,10 @@ struct Field {
     constexpr operator Word() const { return {text.data(), length}; }
 };
 
-constexpr Field dizainesField(unsigned v) {
+using ShortField = Field<16>;
+using LongField = Field<24>;
+
+constexpr LongField dizainesField(unsigned v) {
     const unsigned n = v / 10;
     unsigned m = v % 10;
     if (n == 1 || n == 7 || n == 9) m += 10;
@@ -55,15 +60,15 @@ constexpr Field dizainesField(unsigned v) {
     return {TabDizaines[n], joint, TabUnites[m]};
 }
 
-constexpr Field centainesField(unsigned h, Word cent, Word cents) {
-    return h > 1 ? Field{TabUnites[h], cents} : h == 1 ? Field{cent} : Field{};
+constexpr ShortField centainesField(unsigned h, Word cent, Word cents) {
+    return h > 1 ? ShortField{TabUnites[h], cents} : h == 1 ? ShortField{cent} : ShortField{};
 }
 
 /// The words of 0 to 99, and of the hundreds alone and before other words.
 struct WordTable {
-    std::array<Field, 100> dizaines;
-    std::array<Field, 10> centaines;
-    std::array<Field, 10> centainesEt;
+    std::array<LongField, 100> dizaines;
+    std::array<ShortField, 10> centaines;
+    std::array<ShortField, 10> centainesEt;
 
     constexpr WordTable() {
         for (unsigned v = 0; v < 100; ++v) dizaines[v] = dizainesField(v);
@@ -73,64 +78,35 @@ struct WordTable {
 };
 constexpr WordTable table;
 
-/// The words of a text in their order, which are copied once, to where the text stays.
+/// Writes words one behind the other to where the text stays.
 class Words {
   public:
-    Words& operator<<(const Field& field) { return add({field.text.data(), field.length, true}); }
-    Words& operator<<(Word label) { return add({label.data(), label.size(), false}); }
+    explicit Words(char16_t* place) : end_(place) {}
 
-    std::size_t count() const { return count_; }
-
-    /// Removes the blanks at both ends of the words from one on.
-    void trimFrom(std::size_t first) {
-        auto& begin = pieces_[first];
-        auto& end = pieces_[count_ - 1];
-        if (end.text[end.length - 1] == u' ') {
-            --end.length;
-            --length_;
-        }
-        if (*begin.text == u' ') {
-            begin = {begin.text + 1, begin.length - 1, false};
-            --length_;
-        }
+    template <std::size_t Size>
+    Words& operator<<(const Field<Size>& field) {
+        std::char_traits<char16_t>::copy(end_, field.text.data(), field.text.size());
+        end_ += field.length;
+        return *this;
     }
+    Words& operator<<(Word label) {
+        end_ += label.copy(end_, label.size());
+        return *this;
+    }
+    char16_t* end() const { return end_; }
 
-    Bstr text() const {
-        constexpr auto spare = std::tuple_size_v<decltype(Field::text)>;
-        const bool roomForFields = length_ > Bstr::shortLength;
-        return Bstr::written(length_, roomForFields ? spare : 0, [&](char16_t* end) {
-            for (const auto& piece : std::span(pieces_).first(count_)) {
-                if (roomForFields && piece.isField) {
-                    std::char_traits<char16_t>::copy(end, piece.text, spare);
-                } else {
-                    std::char_traits<char16_t>::copy(end, piece.text, piece.length);
-                }
-                end += piece.length;
-            }
-        });
+    /// Removes the blanks at both ends of the words from a place on.
+    void trimFrom(char16_t* place) {
+        if (end_[-1] == u' ') --end_;
+        if (*place == u' ') end_ = std::copy(place + 1, end_, place);
     }
 
   private:
-    struct Piece {
-        const char16_t* text;
-        std::size_t length;
-        bool isField;
-    };
-
-    Words& add(Piece piece) {
-        pieces_[count_++] = piece;
-        length_ += piece.length;
-        return *this;
-    }
-
-    /// At most the sign, four groups of three words, a label, and the hundredths.
-    std::array<Piece, 24> pieces_;
-    std::size_t count_ = 0;
-    std::size_t length_ = 0;
+    char16_t* end_;
 };
 
 /// The words of 0 to 99.
-const Field& DizainesEnLettres(unsigned v) {
+const LongField& DizainesEnLettres(unsigned v) {
     if (v >= table.dizaines.size()) raise(ErrorNumber::SubscriptOutOfRange);
     return table.dizaines[v];
 }
@@ -144,12 +120,13 @@ void CentainesEnLettres(Words& words, unsigned v) {
 }
 
 struct Group {
-    Field one;
-    Field many;
+    ShortField one;
+    ShortField many;
     bool countsOne;  ///< whether the value 1 is said: "un million", but "mille" alone
 };
 
-constexpr Field zero{u"zéro"}, minus{u"moins "}, joint{u" et "}, blank{u" "}, plural{u"s"};
+constexpr ShortField zero{u"zéro"}, minus{u"moins "}, joint{u" et "};
+constexpr Word blank = u" ", plural = u"s";
 
 constexpr Group milliard{{u" milliard "}, {u" milliards "}, true};
 constexpr Group million{{u" million "}, {u" millions "}, true};
@@ -177,7 +154,7 @@ struct Digits {
 Digits cutDigits(R8 v) {
     constexpr R8 moreThanTwelve = 1e12;
     if (v < moreThanTwelve) {
-        const auto number = static_cast<std::uint64_t>(v);
+        const auto number = static_cast<std::int64_t>(v);
         return {static_cast<unsigned>(number / 1000), static_cast<unsigned>(number % 1000)};
     }
     const auto digits = plainDigits(v);
@@ -197,7 +174,7 @@ void GroupesEnLettres(Words& words, R8 v) {
         words << zero;
         return;
     }
-    const auto first = words.count();
+    const auto first = words.end();
     const auto [firstNine, u] = cutDigits(v);
     if (firstNine != 0) {
         groupEnLettres(words, firstNine / 1'000'000, milliard);
@@ -213,11 +190,21 @@ UI1 PartieDecimale(R8 x, R8 t) {
     return roundToInteger<UI1>((x - t) * 100);
 }
 
-/// The words of the hundredths, with their label or a closing blank.
+/// The hundredths with their label or a closing blank.
 void DecimalesEnLettres(Words& words, UI1 d, const CurrencyLabels* labels) {
     words << DizainesEnLettres(d) << blank;
     if (labels) words << labels->small;
     if (labels && d > 1) words << plural;
+}
+
+/// Room for the words, and for the fields that are copied whole: an exact one where it can be a short text.
+std::size_t roomFor(R8 number, R8 t, UI1 d, const CurrencyLabels* labels) {
+    constexpr std::size_t anyWords = 320;
+    constexpr std::size_t blankAndPlural = 2;
+    const std::size_t mainLabel = labels ? labels->main.size() + blankAndPlural : 0;
+    const bool oneField = number == t && d == 0 && t > 0 && t < 100;
+    if (oneField) return DizainesEnLettres(static_cast<unsigned>(t)).length + mainLabel;
+    return anyWords + mainLabel + (labels ? labels->small.size() : 0);
 }
 
 }  // namespace
@@ -227,13 +214,15 @@ Bstr frenchWords(R8 number, const CurrencyLabels* labels) {
     const R8 t = std::floor(x);
     const auto d = PartieDecimale(x, t);
 
-    Words words;
-    if (number < 0) words << minus;
-    GroupesEnLettres(words, t);
-    if (labels) words << blank << labels->main;
-    if (labels && t != 0 && t != 1) words << plural;
-    if (d != 0) DecimalesEnLettres(words << joint, d, labels);
-    return words.text();
+    return Bstr::written(roomFor(number, t, d, labels), [&](char16_t* place) {
+        Words words(place);
+        if (number < 0) words << minus;
+        GroupesEnLettres(words, t);
+        if (labels) words << blank << labels->main;
+        if (labels && t != 0 && t != 1) words << plural;
+        if (d != 0) DecimalesEnLettres(words << joint, d, labels);
+        return words.end();
+    });
 }
 
 }  // namespace tovera

@@ -4,7 +4,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -33,14 +35,15 @@ class Bstr {
     ~Bstr() = default;
 
     /// Length up to which a text needs no memory of its own.
-    static constexpr std::size_t shortLength = 20;
+    static constexpr std::size_t shortLength = 24;
 
-    /// A text of this length, whose characters are put down by `write` at the address that it gets. It may
-    /// put down as many more behind them as are spare, which a short text has no room for.
+    /// A text that `write` puts down at the address that it gets, where there is room for this many
+    /// characters. It returns the end of the text.
     template <class Write>
-    static Bstr written(std::size_t length, std::size_t spare, Write write) {
+    static Bstr written(std::size_t room, Write write) {
         Bstr text;
-        write(text.makePlace(length, spare));
+        const auto place = text.makePlace(room);
+        text.length_ = static_cast<std::uint32_t>(write(place) - place);
         return text;
     }
 
@@ -48,7 +51,7 @@ class Bstr {
     bool empty() const { return length_ == 0; }
     std::size_t length() const { return length_; }
     char16_t operator[](std::size_t index) const { return view()[index]; }
-    std::u16string_view view() const { return {isShort() ? short_.data() : long_.get(), length_}; }
+    std::u16string_view view() const { return {long_ ? long_.get() : short_.data(), length_}; }
     operator std::u16string_view() const { return view(); }
 
     friend bool operator==(const Bstr& a, const Bstr& b) { return a.view() == b.view(); }
@@ -58,20 +61,25 @@ class Bstr {
         long_ = std::move(other.long_);
         length_ = std::exchange(other.length_, 0);
         null_ = std::exchange(other.null_, true);
-        if (length_ > 0 && isShort()) short_ = other.short_;
+        if (length_ > 0 && length_ <= shortLength) short_ = other.short_;
     }
 
-    bool isShort() const { return length_ <= shortLength; }
-    char16_t* makePlace(std::size_t length, std::size_t spare = 0) {
+    char16_t* makePlace(std::size_t length) {
         if (!std::in_range<std::uint32_t>(length)) throw std::length_error("Bstr");
         length_ = static_cast<std::uint32_t>(length);
         null_ = false;
-        if (isShort()) return short_.data();
-        long_ = std::make_unique_for_overwrite<char16_t[]>(length + spare);
+        if (length <= shortLength) return short_.data();
+        long_.reset(static_cast<char16_t*>(std::malloc(length * sizeof(char16_t))));
+        if (!long_) throw std::bad_alloc();
         return long_.get();
     }
 
-    std::unique_ptr<char16_t[]> long_;
+    /// From `malloc` itself: the calls that `new` puts in front of it are a tenth of what a number in words
+    /// takes.
+    struct Free {
+        void operator()(char16_t* text) const { std::free(text); }
+    };
+    std::unique_ptr<char16_t[], Free> long_;
     std::uint32_t length_ = 0;
     bool null_ = true;
     /// Not set beyond the length: an empty text costs nothing to make.
@@ -103,8 +111,9 @@ constexpr std::u16string_view beforeNul(std::u16string_view text) {
 /// Joins texts into one, with one allocation.
 template <class... Pieces>
 Bstr join(const Pieces&... pieces) {
-    return Bstr::written((std::u16string_view(pieces).size() + ...), 0, [&](char16_t* end) {
+    return Bstr::written((std::u16string_view(pieces).size() + ...), [&](char16_t* end) {
         ((end += std::u16string_view(pieces).copy(end, std::u16string_view::npos)), ...);
+        return end;
     });
 }
 
@@ -115,9 +124,8 @@ class FixedText {
     explicit FixedText(char16_t fill = u' ') : text_(std::u16string(N, fill)) {}
 
     FixedText& operator=(std::u16string_view text) {
-        text_ = Bstr::written(N, 0, [&](char16_t* place) {
-            const auto length = text.copy(place, N);
-            std::fill(place + length, place + N, u' ');
+        text_ = Bstr::written(N, [&](char16_t* place) {
+            return std::fill_n(place + text.copy(place, N), N - std::min(N, text.size()), u' ');
         });
         return *this;
     }
