@@ -35,8 +35,9 @@ class ProfileFile {
         Bstr none;
         return object_.IniLire(section_, key_, none, file_);
     }
+    /// Another value each time: one that stands there already would not be written.
     I4 write() {
-        Bstr value = u"Another value of ordinary length";
+        Bstr value = (odd_ = !odd_) ? u"Another value of ordinary length" : u"And a value of ordinary length";
         return object_.IniEcrire(section_, key_, value, file_);
     }
 
@@ -45,6 +46,7 @@ class ProfileFile {
     Bstr file_;
     Bstr section_;
     Bstr key_;
+    bool odd_ = false;
     Cls_InitREG object_;
 };
 

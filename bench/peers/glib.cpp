@@ -29,10 +29,11 @@ Loop read(ProfileEntry entry) {
 }
 
 Loop write(ProfileEntry entry) {
-    return loopOf([entry] {
+    return loopOf([entry, odd = false]() mutable {
         const auto file = load(entry);
-        g_key_file_set_string(file.get(), entry.section.c_str(), entry.key.c_str(),
-                              "Another value of ordinary length");
+        const auto* const value =
+            (odd = !odd) ? "Another value of ordinary length" : "And a value of ordinary length";
+        g_key_file_set_string(file.get(), entry.section.c_str(), entry.key.c_str(), value);
         gsize length = 0;
         const Text text(g_key_file_to_data(file.get(), &length, nullptr));
         constexpr auto durable =

@@ -15,6 +15,11 @@ class ProfileContent {
     /// The bytes must outlive this object.
     explicit ProfileContent(std::string_view bytes);
 
+    /// Whether a file that begins with these bytes has the mark of a Unicode form.
+    static bool isUnicode(std::string_view bytes) {
+        return ProfileContent(bytes.substr(0, 3)).form_ != Form::Ansi;
+    }
+
     std::string_view ansi() const { return form_ == Form::Ansi ? bytes_ : std::string_view(ansi_); }
 
     /// The bytes with a change of the ANSI text made in them. Nothing when the rest couldn't stay as it is.

@@ -1,6 +1,7 @@
 #include "platform/linux/profile_file.h"
 
 #include <cerrno>
+#include <utility>
 
 #include "frame/last_error.h"
 #include "platform/linux/profile_encoding.h"
@@ -35,10 +36,21 @@ bool change(const std::string& path, Edit edit) {
 
 std::optional<std::string> readProfileEntry(const std::string& path, std::string_view section,
                                             std::string_view key) {
-    return ask(path, [&](std::string_view text) {
-        const auto value = profileValue(text, section, key);
-        return value ? std::optional<std::string>(*value) : std::nullopt;
+    ProfileSearch search(section, key);
+    std::optional<std::string> value;
+    const auto look = [&](std::string_view lines) {
+        const bool goesOn = search.goesOnAfter(lines);
+        if (search.value()) value = *search.value();
+        return goesOn;
+    };
+    bool isUnicode = false;
+    bool isFirst = true;
+    lastError() = readLines(path, [&](std::string_view lines) {
+        isUnicode = isUnicode || (std::exchange(isFirst, false) && ProfileContent::isUnicode(lines));
+        return !isUnicode && look(lines);
     });
+    if (isUnicode) ask(path, look);
+    return value;
 }
 
 std::string readProfileSections(const std::string& path) {

@@ -1,7 +1,6 @@
 #include "platform/linux/profile_text.h"
 
 #include "platform/linux/letter_case.h"
-#include "platform/linux/profile_lines.h"
 
 namespace tovera {
 namespace {
@@ -99,22 +98,22 @@ SoughtName::SoughtName(std::string_view name) : table_(ansiCapitals()), capitals
     canBeKey_ = capitals_.find('=') == std::string::npos;
 }
 
-std::optional<std::string_view> profileValue(std::string_view text, std::string_view section,
-                                             std::string_view key) {
-    const SoughtName soughtSection(section);
-    const SoughtName soughtKey(key);
-    if (!soughtKey.canBeKey()) return {};
-    bool inSection = soughtSection.empty();
+ProfileSearch::ProfileSearch(std::string_view section, std::string_view key)
+    : section_(section), key_(key), inSection_(section_.empty()) {}
+
+bool ProfileSearch::goesOnAfter(std::string_view text) {
+    if (!key_.canBeKey()) return false;
     for (ProfileLines lines(text); !lines.atEnd();) {
         const auto line = lines.next();
         if (const auto header = line.header()) {
-            if (inSection) return {};
-            inSection = soughtSection.matches(*header);
-        } else if (inSection && line.isEntry(soughtKey)) {
-            return line.value();
+            if (inSection_) return false;
+            inSection_ = section_.matches(*header);
+        } else if (inSection_ && line.isEntry(key_)) {
+            value_ = line.value();
+            return false;
         }
     }
-    return {};
+    return true;
 }
 
 std::string_view withoutQuotes(std::string_view value) {

@@ -4,14 +4,29 @@
 #include <string>
 #include <string_view>
 
+#include "platform/linux/profile_lines.h"
+
 // What a profile (INI) text holds, and what has to change in it, in ANSI bytes. Of sections and keys of the
 // same name the first one counts. The section without a name is what stands in front of the first header.
 namespace tovera {
 
-/// The value of an entry, its quotation marks included; nothing when there is no such entry, or no equals
-/// sign on its line.
-std::optional<std::string_view> profileValue(std::string_view text, std::string_view section,
-                                             std::string_view key);
+/// The search for an entry in a text that comes in pieces of whole lines.
+class ProfileSearch {
+  public:
+    ProfileSearch(std::string_view section, std::string_view key);
+
+    /// Looks through the next lines. False when the rest of the text needn't be looked at.
+    bool goesOnAfter(std::string_view lines);
+    /// The value in the lines that were looked through last, its quotation marks included. Nothing when there
+    /// is no such entry, or no equals sign on its line.
+    std::optional<std::string_view> value() const { return value_; }
+
+  private:
+    SoughtName section_;
+    SoughtName key_;
+    bool inSection_;
+    std::optional<std::string_view> value_;
+};
 
 /// A value without the one pair of quotation marks, single or double, that encloses it.
 std::string_view withoutQuotes(std::string_view value);

@@ -38,6 +38,13 @@ class FileBytes {
 /// Reads a regular file. The result is 0 or the system's error number, as with all functions here.
 int readFile(const std::string& path, FileBytes& bytes);
 
+/// Takes whole lines of a file, the last of which may lack its end, and tells whether it wants more.
+using TakeLines = std::function<bool(std::string_view lines)>;
+
+/// Reads a regular file piece by piece, so that a large one is neither kept nor read to its end. A piece may
+/// begin with the line feed whose carriage return ended the one before.
+int readLines(const std::string& path, const TakeLines& take);
+
 /// What becomes of a file's bytes (none for a missing file): its new ones, or nothing to leave it as it is.
 using FileChange = std::function<std::optional<std::string>(std::string_view bytes)>;
 

@@ -12,8 +12,15 @@ std::string changed(std::string_view text, const std::optional<ProfileEdit>& edi
                 : std::string(text);
 }
 
+constexpr std::string_view none = "(none)";
+
+std::string_view valueIn(std::string_view text, std::string_view section, std::string_view key) {
+    ProfileSearch search(section, key);
+    search.goesOnAfter(text);
+    return search.value().value_or(none);
+}
+
 TEST(ProfileText, ReadsEntries) {
-    constexpr std::string_view none = "(none)";
     const struct {
         std::string_view text, section, key, value;
     } rows[] = {
@@ -41,7 +48,7 @@ TEST(ProfileText, ReadsEntries) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
-        EXPECT_EQ(profileValue(row.text, row.section, row.key).value_or(none), row.value);
+        EXPECT_EQ(valueIn(row.text, row.section, row.key), row.value);
     }
 }
 
@@ -113,7 +120,7 @@ TEST(ProfileText, UnicodeFilesStayUnicode) {
     };
     for (const auto& row : rows) {
         const ProfileContent content(row.before);
-        EXPECT_EQ(profileValue(content.ansi(), "\xE9", "K"), "\x80?");
+        EXPECT_EQ(valueIn(content.ansi(), "\xE9", "K"), "\x80?");
         EXPECT_EQ(content.with(*editToSet(content.ansi(), "\xE9", "k", "\xE8")), row.after);
     }
     // What can't be written back as it was is left alone.
