@@ -15,6 +15,7 @@ void writePage(std::ostream& page, const tovera::ClassDescription& description) 
     if (!description.help.empty()) page << ": " << description.help;
     page << "\n\nThe members in slot order. This page is made from the class table.\n";
     for (const auto& member : description.members) {
+        if (!member.published) continue;
         page << "\n- `" << tovera::signatureOf(member) << "`\n";
         if (!member.help.empty()) page << "\n  " << member.help << "\n";
     }

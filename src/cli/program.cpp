@@ -24,6 +24,17 @@ int unknownClass(std::ostream& err, const std::string& name) {
     return automationError;
 }
 
+/// A help string can have several lines, which end as Windows ends them.
+std::string indented(std::string_view help) {
+    constexpr std::string_view indentation = "    ";
+    std::string text(indentation);
+    for (const char c : help) {
+        if (c != '\r') text += c;
+        if (c == '\n') text += indentation;
+    }
+    return text;
+}
+
 int list(std::span<const std::string> arguments, std::ostream& out, std::ostream& err) {
     if (arguments.size() > 1) return refuse(err, "list takes one class at most");
     if (arguments.empty()) {
@@ -33,8 +44,9 @@ int list(std::span<const std::string> arguments, std::ostream& out, std::ostream
     const auto* const entry = findClass(arguments[0]);
     if (!entry) return unknownClass(err, arguments[0]);
     for (const auto& member : entry->description().members) {
+        if (!member.published) continue;
         out << signatureOf(member) << '\n';
-        if (!member.help.empty()) out << "    " << member.help << '\n';
+        if (!member.help.empty()) out << indented(member.help) << '\n';
     }
     return success;
 }

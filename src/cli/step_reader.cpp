@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include "frame/date_time.h"
 #include "frame/error.h"
@@ -35,6 +36,15 @@ const std::array words{
     Word{u"Empty", [] { return Variant(Empty{}); }},       Word{u"Null", [] { return Variant(Null{}); }},
     Word{u"Nothing", [] { return Variant(ObjectRef{}); }},
 };
+
+/// A number with a point, the same in every locale; infinite when it is out of range.
+std::optional<R8> plainNumber(std::u16string_view text) {
+    try {
+        return wholeNumber(text, RegionalSettings{});
+    } catch (const AutomationError&) {
+        return std::numeric_limits<R8>::infinity();
+    }
+}
 
 /// A whole number in the smallest integer type that holds it, any other number as `R8`.
 Variant smallestNumber(R8 number, bool whole) {
@@ -128,16 +138,10 @@ Variant StepReader::takeNumber() {
         skip(u'.');
     }
     const auto written = text_.substr(start, at_ - start);
-    std::optional<R8> number;
-    try {
-        number = wholeNumber(written, RegionalSettings{});
-    } catch (const AutomationError&) {
+    const auto number = plainNumber(written);
+    if (!number || (!atEnd() && beginsName(text_[at_])) || std::isinf(*number)) {
         at_ = start;
-        fail("a number out of range");
-    }
-    if (!number || (!atEnd() && beginsName(text_[at_]))) {
-        at_ = start;
-        fail("not a number");
+        fail(number && std::isinf(*number) ? "a number out of range" : "not a number");
     }
     constexpr R8 exactIntegers = 1e15;
     const bool whole = written.find_first_of(u".eE") == std::u16string_view::npos;
@@ -147,7 +151,7 @@ Variant StepReader::takeNumber() {
 I4 StepReader::takeBound() {
     constexpr R8 farthest = 1e9;
     const auto end = std::min(text_.find_first_of(u".]", at_), text_.size());
-    const auto bound = wholeNumber(text_.substr(at_, end - at_), RegionalSettings{});
+    const auto bound = plainNumber(text_.substr(at_, end - at_));
     if (!bound || std::fabs(*bound) > farthest) fail("an array begins with its bounds: [1..3]");
     at_ = end;
     return static_cast<I4>(*bound);
