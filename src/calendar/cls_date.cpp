@@ -9,8 +9,6 @@
 namespace tovera {
 namespace {
 
-constexpr I4 secondsPerDay = 86400;
-
 std::u16string twoDigits(std::int64_t value) {
     auto digits = numberToText(static_cast<I4>(value));
     return value < 10 ? u"0" + digits : digits;

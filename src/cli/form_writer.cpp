@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "cli/form_file.h"
+#include "cli/value_text.h"
 #include "platform/linux/letter_case.h"
 
 namespace tovera::cli {
@@ -10,12 +11,6 @@ struct Edit {
     Extent replaced;
     std::string by;
 };
-
-std::string quoted(std::string_view text) {
-    std::string written = "\"";
-    for (const char c : text) written.append(c == '"' ? 2 : 1, c);
-    return written + '"';
-}
 
 std::string_view lineEndOf(std::string_view line) {
     return line.ends_with("\r\n") ? "\r\n" : "\n";
@@ -37,7 +32,7 @@ struct LineStyle {
         std::string written = indentation;
         written += name;
         const auto fill = signColumn > name.size() ? signColumn - name.size() : blanksBefore;
-        return written.append(fill, ' ') + '=' + blanksBehind + quoted(text) + lineEnd;
+        return written.append(fill, ' ') + '=' + blanksBehind + inQuotes(text) + lineEnd;
     }
 };
 
@@ -89,7 +84,7 @@ std::size_t placeOf(std::string_view name, const FormBlock& block) {
 Edit editFor(const FormFile& file, const TextChange& change) {
     const auto& block = file.blocks[change.block];
     if (const auto* property = findProperty(block, change.property))
-        return {property->value, quoted(change.text)};
+        return {property->value, inQuotes(change.text)};
     const auto style = styleOf(block, file.bytes);
     return {{placeOf(change.property, block), 0}, style.line(change.property, change.text)};
 }

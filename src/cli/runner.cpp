@@ -38,7 +38,7 @@ Variant Runner::argument(const ArgumentExpression& expression) {
     if (const auto* form = std::get_if<FormUse>(&expression)) return forms_.open(form->path);
     const auto* use = std::get_if<VariableUse>(&expression);
     if (!use) return Variant::missing();
-    auto& value = variable(use->name);
+    auto& value = variables_[use->name];
     if (use->value) value = *use->value;
     return Reference(&value);
 }
@@ -48,10 +48,6 @@ Variant Runner::writtenValue(std::u16string_view text) {
     if (auto literal = parseLiteral(text)) return std::move(*literal);
     if (const auto known = variables_.find(text); known != variables_.end()) return Reference(&known->second);
     return Bstr(text);
-}
-
-Variant& Runner::variable(const std::u16string& name) {
-    return variables_[name];
 }
 
 }  // namespace tovera::cli

@@ -29,7 +29,6 @@ class Runner {
     void write(const Step& step);
     Variant argument(const ArgumentExpression& expression);
     Variant writtenValue(std::u16string_view text);
-    Variant& variable(const std::u16string& name);
 
     ObjectRef object_;
     const ClassDescription& description_;

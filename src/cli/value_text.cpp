@@ -57,19 +57,12 @@ std::string text(Date date) {
     return buffer.data();
 }
 
-/// In quotes, a quote doubled; `Null` for a null element.
-std::string quoted(const Bstr& element) {
-    if (element.isNull()) return "Null";
-    std::string result = "\"";
-    for (const char c : toUtf8(element)) result.append(c == '"' ? 2 : 1, c);
-    return result + '"';
-}
-
 std::string text(const StringArray& array) {
     if (!array.isDimensioned()) return "[]";
     auto result = "[" + std::to_string(array.lowerBound()) + ".." + std::to_string(array.upperBound()) + "]";
     for (const auto& element : array.elements())
-        result += (&element == array.elements().data() ? " " : ", ") + quoted(element);
+        result += (&element == array.elements().data() ? " " : ", ") +
+                  (element.isNull() ? "Null" : inQuotes(toUtf8(element)));
     return result;
 }
 
@@ -83,6 +76,12 @@ std::string text(Integer number) {
 }
 
 }  // namespace
+
+std::string inQuotes(std::string_view text) {
+    std::string result = "\"";
+    for (const char c : text) result.append(c == '"' ? 2 : 1, c);
+    return result + '"';
+}
 
 std::string printed(const Variant& value) {
     return std::visit([](const auto& v) { return text(v); }, dereferenced(value).value());

@@ -11,7 +11,6 @@
 namespace tovera {
 namespace {
 
-constexpr I4 secondsOfDay = 86400;
 constexpr std::chrono::sys_days dayZero{std::chrono::year{1899} / 12 / 30};
 
 /// A text cut into runs of digits and the characters between them.
@@ -45,7 +44,7 @@ std::optional<R8> parseTime(std::u16string_view text) {
     const auto& n = fields->numbers;
     const I4 second = n.size() == 3 ? n[2] : 0;
     if (n[0] > 23 || n[1] > 59 || second > 59) return {};
-    return R8(n[0] * 3600 + n[1] * 60 + second) / secondsOfDay;
+    return R8(n[0] * 3600 + n[1] * 60 + second) / secondsPerDay;
 }
 
 std::optional<I4> parseDay(std::u16string_view text, const RegionalSettings& regional) {
@@ -83,15 +82,15 @@ I4 dayOf(Date date) {
 
 I4 secondOfDay(Date date) {
     const R8 fraction = std::fabs(date.days - dayOf(date));
-    return static_cast<I4>(std::lround(fraction * secondsOfDay));
+    return static_cast<I4>(std::lround(fraction * secondsPerDay));
 }
 
 DateParts partsOf(Date date) {
     const I4 second = secondOfDay(date);
-    const I4 day = dayOf(date) + second / secondsOfDay;
+    const I4 day = dayOf(date) + second / secondsPerDay;
     if (day > lastDay) raise(ErrorNumber::Overflow);
     const std::chrono::year_month_day calendar{dayZero + std::chrono::days{day}};
-    const I4 time = second % secondsOfDay;
+    const I4 time = second % secondsPerDay;
     return {static_cast<int>(calendar.year()),
             static_cast<I4>(static_cast<unsigned>(calendar.month())),
             static_cast<I4>(static_cast<unsigned>(calendar.day())),

@@ -12,6 +12,7 @@ namespace tovera {
 
 inline constexpr I4 firstDay = -657434;  ///< 1 January 100
 inline constexpr I4 lastDay = 2958465;   ///< 31 December 9999
+inline constexpr I4 secondsPerDay = 86400;
 
 struct DateParts {
     I4 year;
