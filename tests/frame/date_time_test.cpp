@@ -7,6 +7,8 @@
 namespace tovera::testing {
 namespace {
 
+constexpr DateOrder orders[] = {DateOrder::DayMonthYear, DateOrder::MonthDayYear, DateOrder::YearMonthDay};
+
 TEST(DateTime, DayNumbersFollowTheCalendar) {
     const auto leap = [](I4 y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; };
     const I4 lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
@@ -44,10 +46,8 @@ TEST(DateTime, PartsOfAMoment) {
         EXPECT_EQ(secondOfDay(Date{row.days}), row.second);
         EXPECT_EQ(dateToText(Date{row.days}, {}), row.text) << row.days;
     }
-    for (const R8 outside : {-657435.0, 2958466.0, 1e300, std::nan("")}) {
+    for (const R8 outside : {-657435.0, 2958466.0, 1e300, std::nan("")})
         EXPECT_EQ(errorOf([&] { dayOf(Date{outside}); }), 6);
-        EXPECT_EQ(errorOf([&] { dateToText(Date{outside}, {}); }), 6);
-    }
     EXPECT_EQ(errorOf([] { partsOf(Date{2958465.999999}); }), 6);  // rounds out of the calendar
 }
 
@@ -56,48 +56,34 @@ TEST(DateTime, DatesInText) {
     constexpr R8 may6 = 37382;  // 2002
     const struct {
         std::u16string_view text;
-        std::optional<R8> dayFirst, monthFirst, yearFirst;
+        std::optional<R8> inOrder[3];
     } rows[] = {
         // clang-format off
-        {u"06/05/2002", may6, may6 + 30, none}, {u"2002-05-06", may6, may6, may6},
-        {u"2002-05-06 12:00", may6 + 0.5, may6 + 0.5, may6 + 0.5}, {u"6.5.02", may6, may6 + 30, 38839},
-        {u"31/12/1899", 1, none, none}, {u"28-12-1899 06:00:00", -2.25, none, none},
-        {u"18:00", 0.75, 0.75, 0.75}, {u"23:59:59", 86399.0 / 86400, 86399.0 / 86400, 86399.0 / 86400},
-        {u"24:00", none, none, none}, {u"12:60", none, none, none}, {u"12:00:00:00", none, none, none},
-        {u"31/02/2002", none, none, none}, {u"10/257/2002", none, none, none},
-        {u"266/01/2002", none, none, none}, {u"2002-257-10", none, none, none},
-        {u"2002-01-266", none, none, none}, {u"01/01/99999", none, none, none},
-        {u"01/01/65636", none, none, none}, {u"06/05-2002", none, none, none}, {u"06/05", none, none, none},
-        {u"/06/05/2002", none, none, none}, {u"06/05/2002 ", none, none, none},
-        {u"06/05/2002 x", none, none, none}, {u"", none, none, none}, {u"99999999999/1/1", none, none, none},
+        {u"06/05/2002", {may6, may6 + 30, none}}, {u"2002-05-06", {may6, may6, may6}},
+        {u"2002-05-06 12:00", {may6 + 0.5, may6 + 0.5, may6 + 0.5}}, {u"6.5.02", {may6, may6 + 30, 38839}},
+        {u"01/01/29", {47119, 47119, 36920}}, {u"01/01/30", {10959, 10959, 36921}},
+        {u"31/12/1899", {1, none, none}}, {u"28-12-1899 06:00:00", {-2.25, none, none}},
+        {u"18:00", {0.75, 0.75, 0.75}}, {u"23:59:59", {86399.0 / 86400, 86399.0 / 86400, 86399.0 / 86400}},
+        {u"24:00", {}}, {u"12:60", {}}, {u"12:00:00:00", {}}, {u"31/02/2002", {}}, {u"10/257/2002", {}},
+        {u"266/01/2002", {}}, {u"2002-257-10", {}}, {u"2002-01-266", {}}, {u"01/01/99999", {}},
+        {u"01/01/65636", {}}, {u"06/05-2002", {}}, {u"06/05", {}}, {u"/06/05/2002", {}}, {u"06/05/2002 ", {}},
+        {u"06/05/2002 x", {}}, {u"", {}}, {u"99999999999/1/1", {}},
         // clang-format on
     };
-    const auto days = [](std::u16string_view text, DateOrder order) -> std::optional<R8> {
-        const auto date = parseDate(text, {u'.', u',', order, 2029});
-        if (!date) return {};
-        return date->days;
-    };
     for (const auto& row : rows) {
-        SCOPED_TRACE(::testing::PrintToString(Bstr(row.text)));
-        EXPECT_EQ(days(row.text, DateOrder::DayMonthYear), row.dayFirst);
-        EXPECT_EQ(days(row.text, DateOrder::MonthDayYear), row.monthFirst);
-        EXPECT_EQ(days(row.text, DateOrder::YearMonthDay), row.yearFirst);
+        for (const auto order : orders) {
+            const auto date = parseDate(row.text, {u'.', u',', order, 2029});
+            EXPECT_EQ(date ? std::optional(date->days) : none, row.inOrder[static_cast<int>(order)])
+                << ::testing::PrintToString(Bstr(row.text));
+        }
     }
-}
-
-TEST(DateTime, TwoDigitYears) {
-    RegionalSettings regional;
-    EXPECT_EQ(windowedYear(29, regional), 2029);
-    EXPECT_EQ(windowedYear(30, regional), 1930);
-    EXPECT_EQ(windowedYear(100, regional), 100);
-    EXPECT_EQ(windowedYear(-1, regional), -1);
-    regional.latestTwoDigitYear = 1999;
-    EXPECT_EQ(windowedYear(0, regional), 1900);
-    EXPECT_EQ(windowedYear(99, regional), 1999);
+    const RegionalSettings earlier{u'.', u',', DateOrder::DayMonthYear, 1999};
+    EXPECT_EQ(parseDate(u"31/12/00", earlier), Date{366});
+    EXPECT_EQ(parseDate(u"31/12/99", earlier), Date{36525});
 }
 
 TEST(DateTime, TextAndBack) {
-    for (const auto order : {DateOrder::DayMonthYear, DateOrder::MonthDayYear, DateOrder::YearMonthDay}) {
+    for (const auto order : orders) {
         const RegionalSettings regional{u'.', u',', order, 2029};
         for (R8 day = -657434; day < 2958465; day += 1009) {
             const Date moment{day < 0 ? day - 0.25 : day + 0.25};

@@ -10,12 +10,15 @@ class Cls_Probe {
   public:
     explicit Cls_Probe(Services& services) : services_(services) { ++alive; }
     Cls_Probe(const Cls_Probe&) = delete;
-    ~Cls_Probe() { --alive; }
+    ~Cls_Probe() {
+        --alive;
+        titleOfLastGone = title_;
+    }
 
     inline static int alive = 0;
+    inline static Bstr titleOfLastGone;
 
     I2 Somme(I2 a, I2 b) { return checkedAdd(a, b); }
-    Variant Copie(Variant value) { return value; }
     Bstr Relier(const Bstr& first, Optional<Bstr> second, Optional<VariantBool> bare) {
         Bstr text = join(first, *second, std::u16string_view(*bare ? u"" : u"."));
         *second = u"seen";
@@ -26,6 +29,7 @@ class Cls_Probe {
     void Allonger(StringArray& array) { array.redimPreserve(0, array.isDimensioned() ? 3 : 0); }
     void Libre(ObjectRef& object) { object = nullptr; }
     Bstr Montrer() {
+        services_.pumpMessages();
         services_.messageBox(u"?");
         return title_;
     }
@@ -34,6 +38,8 @@ class Cls_Probe {
     void setTitre(const Bstr& title) { title_ = title; }
     ObjectRef Voisin() const { return neighbour_; }
     void setVoisin(ObjectRef neighbour) { neighbour_ = std::move(neighbour); }
+
+    void Echouer(I4 code) { throw AutomationError(static_cast<ReturnCode>(code), u"plein", u"Disque"); }
 
     /// Assigns its result and then fails.
     template <class T>
@@ -54,7 +60,6 @@ struct ClassTable<Cls_Probe> {
     static constexpr std::string_view help = "";
     static constexpr std::tuple members{
         method<&Cls_Probe::Somme>("Somme", "", "a", "b"),
-        method<&Cls_Probe::Copie>("Copie", "", "value"),
         method<&Cls_Probe::Relier>("Relier", "", "first", "second", "bare"),
         propertyRead<&Cls_Probe::Titre>("Titre"),
         propertyWrite<&Cls_Probe::setTitre>("Titre", "title"),
@@ -65,8 +70,8 @@ struct ClassTable<Cls_Probe> {
         method<&Cls_Probe::Montrer>("Montrer", ""),
         propertyRead<&Cls_Probe::Voisin>("Voisin"),
         propertyAssign<&Cls_Probe::setVoisin>("Voisin", "neighbour"),
+        method<&Cls_Probe::Echouer>("Echouer", "", "code"),
         method<&Cls_Probe::Perdre<I4>>("PerdreI4", "", "value"),
-        method<&Cls_Probe::Perdre<R8>>("PerdreR8", "", "value"),
         method<&Cls_Probe::Perdre<Date>>("PerdreDate", "", "value"),
         method<&Cls_Probe::Perdre<VariantBool>>("PerdreVerite", "", "value"),
         method<&Cls_Probe::Perdre<Bstr>>("PerdreTexte", "", "value"),
