@@ -25,9 +25,9 @@ add_dependencies(tovera_component type_library)
 set_property(SOURCE src/automation/tovera.rc APPEND PROPERTY OBJECT_DEPENDS ${TOVERA_TYPE_LIBRARY})
 set_property(SOURCE src/automation/tovera.rc APPEND PROPERTY INCLUDE_DIRECTORIES ${CMAKE_BINARY_DIR})
 # The same sources give the same bytes: nothing in the file tells when it was made. Aligned to pages, the file
-# is mapped at loading instead of being read.
+# is mapped at loading instead of being read. The wrapped import is that of no_shared_libgcc.cpp.
 target_link_options(tovera_component PRIVATE -static -s
-    LINKER:--kill-at,--enable-stdcall-fixup,--gc-sections,--dynamicbase,--nxcompat,--no-insert-timestamp,--file-alignment,4096)
+    LINKER:--wrap,_imp__GetModuleHandleA@4,--kill-at,--enable-stdcall-fixup,--gc-sections,--dynamicbase,--nxcompat,--no-insert-timestamp,--file-alignment,4096)
 set_target_properties(tovera_component PROPERTIES
     OUTPUT_NAME TOVERA PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 include(Package)

@@ -1,11 +1,7 @@
 #include "automation/class_factory.h"
 
-#include <algorithm>
-#include <vector>
-
 #include "automation/failures.h"
 #include "automation/module_state.h"
-#include "automation/shell_classes.h"
 #include "platform/windows/com_pointer.h"
 
 namespace tovera {
@@ -37,12 +33,6 @@ STDMETHODIMP ClassFactory::LockServer(BOOL lock) {
         ModuleState::letGo();
     }
     return S_OK;
-}
-
-ClassFactory* findFactory(const CLSID& classId) {
-    static std::vector<ClassFactory> factories(shellClasses().begin(), shellClasses().end());
-    const auto found = std::ranges::find(factories, classId, &ClassFactory::classId);
-    return found == factories.end() ? nullptr : &*found;
 }
 
 }  // namespace tovera

@@ -10,8 +10,6 @@ class ClassFactory : public IClassFactory {
   public:
     explicit ClassFactory(const ShellClass& shellClass) : shellClass_(shellClass) {}
 
-    const CLSID& classId() const { return shellClass_.classId; }
-
     STDMETHODIMP QueryInterface(REFIID interfaceId, void** found) override;
     STDMETHODIMP_(ULONG) AddRef() override { return 2; }
     STDMETHODIMP_(ULONG) Release() override { return 1; }
@@ -21,8 +19,5 @@ class ClassFactory : public IClassFactory {
   private:
     const ShellClass& shellClass_;
 };
-
-/// The factory of a class, or null.
-ClassFactory* findFactory(const CLSID& classId);
 
 }  // namespace tovera

@@ -35,16 +35,24 @@ const ShellClass& shellClass() {
     return made;
 }
 
+template <class C>
+ClassFactory* factoryOf(const CLSID& classId) {
+    if (classId != systemId(identityOf(ClassTable<C>::name))) return nullptr;
+    static ClassFactory factory(shellClass<C>());
+    return &factory;
+}
+
 template <class... Classes>
-std::span<const ShellClass> classesOf(TypeList<Classes...>) {
-    static const std::array classes{shellClass<Classes>()...};
-    return classes;
+ClassFactory* findAmong(TypeList<Classes...>, const CLSID& classId) {
+    ClassFactory* found = nullptr;
+    static_cast<void>(((found = factoryOf<Classes>(classId)) || ...));
+    return found;
 }
 
 }  // namespace
 
-std::span<const ShellClass> shellClasses() {
-    return classesOf(ComponentClasses{});
+ClassFactory* findFactory(const CLSID& classId) {
+    return findAmong(ComponentClasses{}, classId);
 }
 
 }  // namespace tovera

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <span>
-
-#include "automation/automation_object.h"
+#include "automation/class_factory.h"
 
 namespace tovera {
 
-/// The classes of the component in the order of their publication.
-std::span<const ShellClass> shellClasses();
+/// The factory of a class of the component, or null. It is made when it is first asked for: at a creation the
+/// other classes cost nothing.
+ClassFactory* findFactory(const CLSID& classId);
 
 }  // namespace tovera
