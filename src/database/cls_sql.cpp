@@ -9,29 +9,7 @@ namespace {
 
 using namespace odbc;
 
-/// An environment of ODBC, given back at the end.
-class Environment {
-  public:
-    explicit Environment(Odbc32& library)
-        : library_(library), status_(library.SQLAllocHandle(SQL_HANDLE_ENV, 0, handle_)) {}
-    Environment(const Environment&) = delete;
-    Environment& operator=(const Environment&) = delete;
-    ~Environment() {
-        if (isOpen()) library_.SQLFreeHandle(SQL_HANDLE_ENV, handle_);
-    }
-
-    bool isOpen() const { return status_ == SQL_SUCCESS; }
-    bool useVersion3() {
-        return library_.SQLSetEnvAttr(handle_, SQL_ATTR_ODBC_VERSION, SQL_OV_ODBC3, SQL_IS_INTEGER) ==
-               SQL_SUCCESS;
-    }
-    I4 handle() const { return handle_; }
-
-  private:
-    Odbc32& library_;
-    I4 handle_ = 0;
-    I4 status_;
-};
+constexpr const char16_t* noDriver = u"MDAC non installé.";
 
 /// A text buffer together with the length that the platform reports for it.
 template <std::size_t Size>
@@ -44,6 +22,29 @@ struct Reported {
     }
 };
 
+/// What stands in the way of a new source, by the list of those that there are; empty for nothing.
+Bstr lookThroughSources(const Platform& platform, I4 environment, std::u16string_view name) {
+    Bstr result = noDriver;
+    auto& library = platform.odbc32;
+    if (library.SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, SQL_OV_ODBC3, SQL_IS_INTEGER) !=
+        SQL_SUCCESS) {
+        return result;
+    }
+    while (true) {
+        Reported<32> source;
+        Reported<128> description;
+        const auto next = [&](AnsiText& sourceText, AnsiText& descriptionText) {
+            return library.SQLDataSources(environment, SQL_FETCH_NEXT, sourceText, source.length,
+                                          descriptionText, description.length);
+        };
+        const auto status =
+            StringCrossing(platform.services).call(next, source.text.buffer(), description.text.buffer());
+        if (status != SQL_SUCCESS) return result;
+        if (source.view() == name) return u"Lien ODBC déjà existant.";
+        if (description.view() == u"Microsoft Access Driver (*.mdb)") result = u"";
+    }
+}
+
 }  // namespace
 
 Bstr Cls_SQL::RepAPOS(const Bstr& Chaine) {
@@ -54,23 +55,18 @@ Bstr Cls_SQL::RepAPOS(const Bstr& Chaine) {
 
 /// Empty when the name is free and some data source uses the Access driver, else what is in the way.
 Bstr Cls_SQL::VerifierLienODBC(const Bstr& lien) {
-    Bstr result = u"MDAC non installé.";
     auto& library = platform_.odbc32;
-    Environment environment(library);
-    if (!environment.isOpen() || !environment.useVersion3()) return result;
-    while (true) {
-        Reported<32> name;
-        Reported<128> description;
-        const auto next = [&](AnsiText& nameText, AnsiText& descriptionText) {
-            return library.SQLDataSources(environment.handle(), SQL_FETCH_NEXT, nameText, name.length,
-                                          descriptionText, description.length);
-        };
-        const auto status =
-            StringCrossing(platform_.services).call(next, name.text.buffer(), description.text.buffer());
-        if (status != SQL_SUCCESS) return result;
-        if (name.view() == lien.view()) return u"Lien ODBC déjà existant.";
-        if (description.view() == u"Microsoft Access Driver (*.mdb)") result = u"";
+    I4 environment = 0;
+    if (library.SQLAllocHandle(SQL_HANDLE_ENV, 0, environment) != SQL_SUCCESS) return noDriver;
+    Bstr result;
+    try {
+        result = lookThroughSources(platform_, environment, lien);
+    } catch (...) {
+        library.SQLFreeHandle(SQL_HANDLE_ENV, environment);
+        throw;
     }
+    library.SQLFreeHandle(SQL_HANDLE_ENV, environment);
+    return result;
 }
 
 Variant Cls_SQL::Creer_ODBC_Access(Bstr& DBFichier, Bstr& LienODBC) {

@@ -1,5 +1,6 @@
 #include "platform/windows/odbc32.h"
 
+#include "frame/error.h"
 #include "platform/windows/entry_point.h"
 #include "platform/windows/handles.h"
 #include "platform/windows/system_odbc.h"
@@ -20,7 +21,13 @@ SQLSMALLINT roomIn(const AnsiText& buffer) {
 I4 WindowsOdbc32::SQLAllocHandle(I4 type, I4 parent, I4& handle) {
     static constinit EntryPoint<decltype(::SQLAllocHandle)> allocate{L"odbc32", "SQLAllocHandle"};
     SQLHANDLE made = nullptr;
-    const I4 status = allocate(static_cast<SQLSMALLINT>(type), handleOf<SQLHANDLE>(parent), &made);
+    I4 status = SQL_ERROR;
+    try {
+        status = allocate(static_cast<SQLSMALLINT>(type), handleOf<SQLHANDLE>(parent), &made);
+    } catch (const AutomationError& missing) {
+        // A machine without ODBC has no environment to give; its caller knows what to tell of that.
+        if (missing.number() != static_cast<I4>(ErrorNumber::FileNotFound)) throw;
+    }
     handle = numberOfHandle(made);
     return status;
 }
