@@ -48,7 +48,8 @@ struct Advapi32 {
         return missingEntryPoint(key, name, reserved, type, data);
     }
     /// Size is the room in data when it comes in and the bytes of the value when it goes out; 234 tells that
-    /// the room is too small. A text of at least one byte is followed by a NUL where there is room.
+    /// the room is too small. A text of at least one byte is followed by a NUL where there is room; one that
+    /// is asked for by type 1 doesn't fit without it.
     virtual I4 RegQueryValueExA(I4 key, const AnsiText& name, I4& type, std::span<std::byte> data, I4& size) {
         return missingEntryPoint(key, name, type, data, size);
     }

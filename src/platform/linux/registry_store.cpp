@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstring>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "platform/linux/registry_status.h"
@@ -153,15 +154,15 @@ bool isTextType(I4 type) {
     return type == text || type == expandableText || type == listOfTexts;
 }
 
-I4 copyData(const Entry& entry, std::span<std::byte> room, I4& size) {
+/// A text that is asked for as one needs room for its NUL, lest its end be taken for it.
+I4 copyData(const Entry& entry, I4 expectedType, std::span<std::byte> room, I4& size) {
     const auto available = std::min(room.size(), static_cast<std::size_t>(std::max(size, I4{0})));
-    size = static_cast<I4>(entry.data.size());
-    if (entry.data.size() > available) return registryStatus::moreData;
+    const bool lacksNul = isTextType(entry.type) && !entry.data.empty() && entry.data.back() != std::byte{0};
+    const auto needed = entry.data.size() + (lacksNul && isTextType(expectedType) ? 1 : 0);
+    size = static_cast<I4>(needed > available ? needed : entry.data.size());
+    if (needed > available) return registryStatus::moreData;
     std::ranges::copy(entry.data, room.begin());
-    const bool endsOpen = !entry.data.empty() && entry.data.back() != std::byte{0};
-    if (isTextType(entry.type) && endsOpen && entry.data.size() < available) {
-        room[entry.data.size()] = std::byte{0};
-    }
+    if (lacksNul && entry.data.size() < available) room[entry.data.size()] = std::byte{0};
     return registryStatus::success;
 }
 
@@ -234,8 +235,7 @@ I4 RegistryStore::queryValue(const KeyPlace& key, std::string_view name, I4& typ
         }
         const auto entry = unpacked(*found);
         if (!sameFolded(entry.name, name)) return registryStatus::notFound;
-        type = entry.type;
-        return copyData(entry, room, size);
+        return copyData(entry, std::exchange(type, entry.type), room, size);
     });
 }
 

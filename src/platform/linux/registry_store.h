@@ -38,7 +38,8 @@ class RegistryStore {
     /// Before a value becomes final, writing runs with the key's name; its status counts.
     using Writing = std::function<I4(std::string_view keyName)>;
     I4 setValue(const KeyPlace& key, std::string_view name, I4 type, Bytes data, const Writing& writing = {});
-    /// Copies the value when there is room for it: 234 when there is not, with the size needed.
+    /// Copies the value when there is room for it: 234 when there is not, with the size needed. Type is the
+    /// expected one when it comes in and the stored one when it goes out.
     I4 queryValue(const KeyPlace& key, std::string_view name, I4& type, std::span<std::byte> room, I4& size);
 
   private:
