@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <fcntl.h>
@@ -12,6 +13,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
+
+#include "platform/linux/store_transaction.h"
 
 namespace tovera {
 namespace {
@@ -66,8 +69,6 @@ struct Node {
     std::uint16_t flags;
     std::uint16_t keySize;
 };
-
-using Bytes = std::span<const std::byte>;
 
 struct Damage {};
 
@@ -225,19 +226,22 @@ class Check {
     bool lastWasEntry_ = false;
 };
 
-/// The bytes of a file, mapped for reading; none for a file that can't be read.
+/// The bytes of a file, mapped for reading; none for a missing file. A file that can't be read tells nothing
+/// of its bytes: that is a failure of its own.
 class MappedFile {
   public:
     explicit MappedFile(const std::string& file) {
         const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC);
-        if (descriptor < 0) return;
+        if (descriptor < 0 && errno == ENOENT) return;
+        if (descriptor < 0) throw StoreFailure{errno};
         struct stat facts {};
         if (fstat(descriptor, &facts) == 0 && facts.st_size > 0) {
             size_ = static_cast<std::size_t>(facts.st_size);
             address_ = mmap(nullptr, size_, PROT_READ, MAP_SHARED, descriptor, 0);
-            if (address_ == MAP_FAILED) size_ = 0;
         }
+        const int error = address_ == MAP_FAILED ? errno : 0;
         close(descriptor);
+        if (error != 0) throw StoreFailure{error};
     }
     MappedFile(const MappedFile&) = delete;
     MappedFile& operator=(const MappedFile&) = delete;

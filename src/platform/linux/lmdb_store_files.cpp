@@ -17,6 +17,7 @@
 #include <thread>
 #include <unistd.h>
 
+#include "platform/linux/file_descriptor.h"
 #include "platform/linux/lmdb_check.h"
 #include "platform/linux/lmdb_environment.h"
 #include "platform/linux/lmdb_store.h"
@@ -62,6 +63,17 @@ std::optional<struct stat> factsOf(const std::string& file) {
     return facts;
 }
 
+/// LMDB maps its table of readers, and a page of that which finds no room on the disk ends the process: the
+/// room is taken before, while the file is new and nobody has it open.
+void makeRoomForReaders(const std::string& file) {
+    constexpr off_t size = off_t{80} << 10;  // more than the table of `mostReaders` takes
+    const auto facts = factsOf(file);
+    if (facts && facts->st_size > 0) return;
+    const FileDescriptor table(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    if (!table.isOpen() || fallocate(table.get(), 0, 0, size) == 0) return;
+    if (errno == ENOSPC || errno == EDQUOT || errno == EFBIG) throw StoreFailure{errno};
+}
+
 /// Another process may write to the head while it is read; damage stays.
 bool isHeadDamaged(const std::string& file) {
     constexpr int attempts = 3;
@@ -104,8 +116,8 @@ bool LmdbStore::isRoomGone() const {
     if (statvfs(folder_.c_str(), &disk) == 0 && disk.f_bavail * disk.f_frsize < littleRoom) return true;
     rlimit limit{};
     const auto facts = factsOf(file(dataFile));
-    return facts && getrlimit(RLIMIT_FSIZE, &limit) == 0 &&
-           static_cast<std::uint64_t>(facts->st_size) + littleRoom > limit.rlim_cur;
+    const auto size = facts ? static_cast<std::uint64_t>(facts->st_size) : 0;
+    return getrlimit(RLIMIT_FSIZE, &limit) == 0 && size + littleRoom > limit.rlim_cur;
 }
 
 void LmdbStore::open() {
@@ -135,7 +147,8 @@ void LmdbStore::open() {
 void LmdbStore::openEnvironment() {
     const auto facts = factsOf(file(dataFile));
     const auto size = facts ? static_cast<std::size_t>(facts->st_size) : 0;
-    if (size > 0 && isHeadDamaged(file(dataFile))) throw StoreFailure::damage();
+    if (facts && isHeadDamaged(file(dataFile))) throw StoreFailure::damage();
+    makeRoomForReaders(file(lockFile));
     const auto attempt = [&](unsigned flags) {
         requireSuccess(lmdb().env_create(&environment_));
         requireSuccess(lmdb().env_set_mapsize(environment_, std::max(firstMapSize, size * 2)));
@@ -149,6 +162,7 @@ void LmdbStore::openEnvironment() {
         readOnly_ = true;
         code = attempt(MDB_RDONLY | MDB_NOLOCK);
     }
+    if (code != MDB_SUCCESS && !facts) unlink(file(dataFile).c_str());  // an empty one is taken for damaged
     requireSuccess(code);
     if (const auto opened = factsOf(file(dataFile))) inode_ = opened->st_ino;
     int dead = 0;
@@ -158,6 +172,10 @@ void LmdbStore::openEnvironment() {
 /// The check needs a file that stands still, which it does while this process could write to it.
 void LmdbStore::checkFile() {
     if (readOnly_) {
+        if (!isSoundStore(file(dataFile))) {
+            std::cerr << "tovera: the store in " << folder_ << " is damaged" << std::endl;
+            throw StoreFailure::damage();
+        }
         beginReading();
         MDB_dbi opened = 0;
         const int code = lmdb().dbi_open(reader_, static_cast<const char*>(nullptr), 0U, &opened);
