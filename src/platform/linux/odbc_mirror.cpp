@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <pwd.h>
 #include <unistd.h>
 
@@ -39,8 +40,12 @@ bool endsWithName(std::string_view text, std::string_view name) {
     return text.size() >= name.size() && sameFolded(text.substr(text.size() - name.size()), name);
 }
 
+/// Whole, since the programs that open the source have current folders of their own.
 std::string hostFile(std::string_view path) {
-    return foundHostPath(fromAnsi1252(path));
+    const auto found = foundHostPath(fromAnsi1252(path));
+    std::error_code failed;
+    const auto whole = std::filesystem::absolute(found, failed);
+    return failed ? found : whole.string();
 }
 
 struct Entry {
