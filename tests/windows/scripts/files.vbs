@@ -37,5 +37,6 @@ Check "rename what is missing", tools.RenommerFichier(file, folder & "\tiers.ini
 disk.CreateTextFile(file).Close
 Check "rename onto another", tools.RenommerFichier(file, folder & "\autre.ini"), False
 Check "both are still there", disk.FileExists(file) And disk.FileExists(folder & "\autre.ini"), True
+Check "rename onto itself", tools.RenommerFichier(file, file), False
 disk.DeleteFolder folder
-Finish 25
+Finish 26
