@@ -12,6 +12,16 @@ VariantBool askFileSystem(Services& services, std::u16string_view question, Bstr
     return VariantBool(static_cast<bool>(Conversions(services).to<VariantBool>(answer)));
 }
 
+/// The form of a name that an entry point gives.
+Bstr formOf(const Platform& platform, Bstr& name, I4 (Kernel32::*entryPoint)(const AnsiText&, AnsiText&)) {
+    FixedText<bufferLength> buffer;
+    const auto ask = [&](const AnsiText& from, AnsiText& to) {
+        return (platform.kernel32.*entryPoint)(from, to);
+    };
+    const auto count = StringCrossing(platform.services).call(ask, name, buffer.buffer());
+    return left(buffer.view(), static_cast<std::size_t>(count));
+}
+
 }  // namespace
 
 VariantBool Cls_InitREG::FichierExiste(Bstr& strCheminFichier) {
@@ -23,21 +33,11 @@ VariantBool Cls_InitREG::DossierExiste(Bstr& strCheminDossier) {
 }
 
 Bstr Cls_InitREG::GET_NomLong(Bstr sShortFileName) {
-    FixedText<bufferLength> buffer;
-    const auto ask = [&](AnsiText& name, AnsiText& longName) {
-        return platform_.kernel32.GetLongPathNameA(name, longName);
-    };
-    const auto count = StringCrossing(platform_.services).call(ask, sShortFileName, buffer.buffer());
-    return left(buffer.view(), static_cast<std::size_t>(count));
+    return formOf(platform_, sShortFileName, &Kernel32::GetLongPathNameA);
 }
 
 Bstr Cls_InitREG::GET_NomCourt(Bstr sLongFileName) {
-    FixedText<bufferLength> buffer;
-    const auto ask = [&](AnsiText& name, AnsiText& shortName) {
-        return platform_.kernel32.GetShortPathNameA(name, shortName);
-    };
-    const auto count = StringCrossing(platform_.services).call(ask, sLongFileName, buffer.buffer());
-    return left(buffer.view(), static_cast<std::size_t>(count));
+    return formOf(platform_, sLongFileName, &Kernel32::GetShortPathNameA);
 }
 
 VariantBool Cls_InitREG::RenommerFichier(const Bstr& strPathFichierSRC, const Bstr& strPathFichierDEST) {

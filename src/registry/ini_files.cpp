@@ -12,6 +12,13 @@ Bstr filled(const FixedText<bufferLength>& buffer, I4 count) {
     return left(buffer.view(), static_cast<std::size_t>(count));
 }
 
+Bstr folderFrom(const Platform& platform, I4 (Kernel32::*entryPoint)(AnsiText&)) {
+    FixedText<bufferLength> buffer;
+    const auto ask = [&](AnsiText& folder) { return (platform.kernel32.*entryPoint)(folder); };
+    const auto count = StringCrossing(platform.services).call(ask, buffer.buffer());
+    return filled(buffer, count);
+}
+
 }  // namespace
 
 I4 Cls_InitREG::IniEcrire(Bstr& strSection, Bstr& strRubrique, Bstr& strChaîneAEcrire, Bstr& strFich) {
@@ -57,17 +64,11 @@ Bstr Cls_InitREG::WinIniLire(Bstr& strSection, Bstr& strRubrique, Bstr& strChaî
 }
 
 Bstr Cls_InitREG::RetourneCheminSystem() {
-    FixedText<bufferLength> buffer;
-    const auto ask = [&](AnsiText& folder) { return platform_.kernel32.GetSystemDirectoryA(folder); };
-    const auto count = StringCrossing(platform_.services).call(ask, buffer.buffer());
-    return filled(buffer, count);
+    return folderFrom(platform_, &Kernel32::GetSystemDirectoryA);
 }
 
 Bstr Cls_InitREG::RetourneCheminWindows() {
-    FixedText<bufferLength> buffer;
-    const auto ask = [&](AnsiText& folder) { return platform_.kernel32.GetWindowsDirectoryA(folder); };
-    const auto count = StringCrossing(platform_.services).call(ask, buffer.buffer());
-    return filled(buffer, count);
+    return folderFrom(platform_, &Kernel32::GetWindowsDirectoryA);
 }
 
 }  // namespace tovera
