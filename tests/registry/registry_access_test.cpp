@@ -1,6 +1,8 @@
+#include <functional>
 #include <gtest/gtest.h>
 
 #include "registry/class_table.h"
+#include "support/file_system_double.h"
 #include "support/named_calls.h"
 
 namespace tovera::testing {
@@ -14,13 +16,10 @@ using ::testing::Return;
 using ::testing::SetArgReferee;
 
 constexpr I4 handle = 77;
+constexpr const char16_t* usualPath = u"HKEY_CURRENT_USER\\A\\B";
 
 auto named(const std::string& bytes) {
     return Field(&AnsiText::bytes, bytes);
-}
-
-std::string textOf(std::span<const std::byte> data) {
-    return {reinterpret_cast<const char*>(data.data()), data.size()};
 }
 
 struct RegistryAccess : ::testing::Test {
@@ -28,21 +27,32 @@ struct RegistryAccess : ::testing::Test {
     Cls_InitREG registry{test.platform};
     MockAdvapi32& port = test.advapi32;
     InSequence inOrder;
+    Bstr path = usualPath;
+    Bstr entry = u"v";
+    Bstr text = u"x";
 
-    void expectOpen(I4 access, I4 status = 0, const std::string& path = "A\\B") {
-        EXPECT_CALL(port, RegOpenKeyExA(rootKeys::currentUser, named(path), 0, access, _))
+    struct Operation {
+        I4 access;  // 0 without the common opening
+        std::function<Variant()> run;
+        Variant refused;
+    };
+    const std::vector<Operation> operations{
+        {keyAccess::write, [&] { return registry.EcrireREG_DWORD(path, entry, 1); }, {}},
+        {keyAccess::write, [&] { return registry.EcrireREG_STRING(path, entry, text); }, {}},
+        {keyAccess::write, [&] { return registry.EcrireREG_BINARY(path, entry, u""); }, {}},
+        {keyAccess::write, [&] { return registry.EffaceREG_CLE(path); }, {}},
+        {keyAccess::read, [&] { return registry.LireREG_DWORD(path, entry); }, u"Error"},
+        {keyAccess::read, [&] { return registry.LireREG_STRING(path, entry); }, u"Error"},
+        {keyAccess::read, [&] { return registry.LireREG_BINARY(path, entry); }, u"Error"},
+        {0, [&] { return registry.CreerREG_Cle(path); }, {}}};
+
+    void expectOpen(I4 access, I4 status = 0, const std::string& relativePath = "A\\B") {
+        EXPECT_CALL(port, RegOpenKeyExA(rootKeys::currentUser, named(relativePath), 0, access, _))
             .WillOnce(DoAll(SetArgReferee<4>(handle), Return(status)));
     }
     void expectClose() { EXPECT_CALL(port, RegCloseKey(handle)).WillOnce(Return(0)); }
-    void expectWrite(I4 type, const std::string& data) {
-        EXPECT_CALL(port, RegSetValueExA(handle, named("v"), 0, type, _))
-            .WillOnce([data](I4, const AnsiText&, I4, I4, std::span<const std::byte> bytes) {
-                EXPECT_EQ(textOf(bytes), data);
-                return 5;  // nobody is told
-            });
-    }
     /// A query that meets a stored value of these bytes.
-    void expectRead(I4 type, I4 room, const std::string& stored, I4 status = 0) {
+    void expectQuery(I4 type, I4 room, const std::string& stored, I4 status) {
         EXPECT_CALL(port, RegQueryValueExA(handle, named("v"), type, _, room))
             .WillOnce([=](I4, const AnsiText&, I4&, std::span<std::byte> data, I4& size) {
                 EXPECT_EQ(data.size(), static_cast<std::size_t>(room));
@@ -51,78 +61,78 @@ struct RegistryAccess : ::testing::Test {
                 return status;
             });
     }
-
-    Bstr path = u"HKEY_CURRENT_USER\\A\\B";
-    Bstr entry = u"v";
+    void expectWrite(I4 type, const std::string& data, const std::function<Variant()>& write) {
+        path = usualPath;
+        expectOpen(keyAccess::write);
+        EXPECT_CALL(port, RegSetValueExA(handle, named("v"), 0, type, _))
+            .WillOnce([data](I4, const AnsiText&, I4, I4, std::span<const std::byte> bytes) {
+                EXPECT_TRUE(std::ranges::equal(bytes, std::as_bytes(std::span(data))));
+                return 5;  // nobody is told
+            });
+        expectClose();
+        EXPECT_EQ(write(), Variant());
+        EXPECT_EQ(path, Bstr(u"A\\B"));
+    }
 };
 
 TEST_F(RegistryAccess, writesOpenActAndCloseAndCutThePath) {
-    expectOpen(keyAccess::write);
-    expectWrite(valueTypes::dword, "\x2A\x01\x01\x01");
-    expectClose();
-    EXPECT_EQ(registry.EcrireREG_DWORD(path, entry, 0x0101012A), Variant());
-    EXPECT_EQ(path, Bstr(u"A\\B"));
-
-    path = u"HKEY_CURRENT_USER\\A\\B";
-    Bstr text = u"caf\u00E9\u4E2D";
-    expectOpen(keyAccess::write);
-    expectWrite(valueTypes::text, "caf\xE9?");
-    expectClose();
-    EXPECT_EQ(registry.EcrireREG_STRING(path, entry, text), Variant());
+    expectWrite(valueTypes::dword, "\x2A\x01\x01\x01",
+                [&] { return registry.EcrireREG_DWORD(path, entry, 0x0101012A); });
+    text = u"caf\u00E9\u4E2D";
+    expectWrite(valueTypes::text, "caf\xE9?", [&] { return registry.EcrireREG_STRING(path, entry, text); });
     EXPECT_EQ(text, Bstr(u"caf\u00E9?"));
+    text = std::u16string(u"\0\u00FF", 2);
+    expectWrite(valueTypes::binary, {"\0\xFF", 2},
+                [&] { return registry.EcrireREG_BINARY(path, entry, text); });
 
-    path = u"HKEY_CURRENT_USER\\A\\B";
-    expectOpen(keyAccess::write);
-    expectWrite(valueTypes::binary, std::string("\0\xFF", 2));
-    expectClose();
-    EXPECT_EQ(registry.EcrireREG_BINARY(path, entry, Bstr(std::u16string(u"\0\u00FF", 2))), Variant());
-
-    path = u"HKEY_CURRENT_USER\\A\\B";
+    path = usualPath;
     expectOpen(keyAccess::write);
     EXPECT_CALL(port, RegDeleteKeyA(rootKeys::currentUser, named("A\\B"))).WillOnce(Return(5));
     expectClose();
     EXPECT_EQ(registry.EffaceREG_CLE(path), Variant());
 
-    path = u"HKEY_CURRENT_USER\\A\\B";
-    EXPECT_CALL(port, RegCreateKeyA(rootKeys::currentUser, named("A\\B"), _))
-        .WillOnce(DoAll(SetArgReferee<2>(handle), Return(0)));
-    expectClose();
-    EXPECT_EQ(registry.CreerREG_Cle(path), Variant());
-
-    path = u"HKEY_CURRENT_USER\\A\\B";
-    EXPECT_CALL(port, RegCreateKeyA).WillOnce(Return(5));
-    EXPECT_EQ(registry.CreerREG_Cle(path), Variant());
-}
-
-TEST_F(RegistryAccess, theRootItselfIsOpenedButNeverDeleted) {
-    path = u"HKEY_CURRENT_USER";
+    for (const I4 status : {0, 5}) {
+        path = usualPath;
+        EXPECT_CALL(port, RegCreateKeyA(rootKeys::currentUser, named("A\\B"), _))
+            .WillOnce(DoAll(SetArgReferee<2>(handle), Return(status)));
+        if (status == 0) expectClose();
+        EXPECT_EQ(registry.CreerREG_Cle(path), Variant());
+    }
+    path = u"HKEY_CURRENT_USER";  // which is opened, and never deleted
     expectOpen(keyAccess::write, 0, "");
     expectClose();
     EXPECT_EQ(registry.EffaceREG_CLE(path), Variant());
     EXPECT_EQ(path, Bstr(u""));
 }
 
-TEST_F(RegistryAccess, aKeyThatCannotBeOpened) {
-    const auto refuse = [&](I4 access) {
-        path = u"HKEY_CURRENT_USER\\A\\B";
-        expectOpen(access, 2);
-    };
-    Bstr text = u"x";
-    const Variant failed = u"Error";
-    refuse(keyAccess::write);
-    EXPECT_EQ(registry.EcrireREG_DWORD(path, entry, 1), Variant());
-    refuse(keyAccess::write);
-    EXPECT_EQ(registry.EcrireREG_STRING(path, entry, text), Variant());
-    refuse(keyAccess::write);
-    EXPECT_EQ(registry.EcrireREG_BINARY(path, entry, u""), Variant());
-    refuse(keyAccess::write);
-    EXPECT_EQ(registry.EffaceREG_CLE(path), Variant());
-    refuse(keyAccess::read);
-    EXPECT_EQ(registry.LireREG_DWORD(path, entry), failed);
-    refuse(keyAccess::read);
-    EXPECT_EQ(registry.LireREG_STRING(path, entry), failed);
-    refuse(keyAccess::read);
-    EXPECT_EQ(registry.LireREG_BINARY(path, entry), failed);
+TEST_F(RegistryAccess, aKeyThatCannotBeOpenedOrHasNoRoot) {
+    for (const auto& operation : operations) {
+        for (const auto* unknown : {u"HKEY_NONE\\A\\B", u"HKEY_current_user\\A\\B", u"HKEY_\\A\\B"}) {
+            path = unknown;
+            EXPECT_EQ(operation.run(), Variant());
+            EXPECT_EQ(path, Bstr(u"A\\B"));
+        }
+        if (operation.access == 0) continue;
+        path = usualPath;
+        expectOpen(operation.access, 2);
+        EXPECT_EQ(operation.run(), operation.refused);
+    }
+    EXPECT_TRUE(test.services.boxes.empty());
+}
+
+TEST_F(RegistryAccess, malformedPathsBringABoxAndTouchNothing) {
+    for (const auto& operation : operations) {
+        for (const auto* malformed : {u"", u"hkey_current_user\\A", u"HKEY_CURRENT_USER\\", u"A\\B"}) {
+            path = malformed;
+            EXPECT_EQ(operation.run(), Variant());
+            EXPECT_EQ(path, Bstr(malformed));
+            const ShownBox box{join(u"Incorrect Format:\n\n", std::u16string_view(malformed)), 0, u"HoldDLL"};
+            EXPECT_EQ(std::exchange(test.services.boxes, {}), std::vector{box});
+        }
+        path = usualPath;  // the next ones are rejected by an object that has accepted one
+        expectOpen(keyAccess::read, 2);
+        registry.LireREG_DWORD(path, entry);
+    }
 }
 
 TEST_F(RegistryAccess, binaryValuesThatCannotBeWrittenCloseTheKey) {
@@ -138,163 +148,109 @@ TEST_F(RegistryAccess, binaryValuesThatCannotBeWrittenCloseTheKey) {
     ::testing::NiceMock<DoubleByteServices> services;
     auto platform = Platform{services, test.user32, test.kernel32, test.files, test.advapi32, test.odbc32};
     Cls_InitREG japanese(platform);
-    path = u"HKEY_CURRENT_USER\\A\\B";
+    path = usualPath;
     expectOpen(keyAccess::write);
     expectClose();
     EXPECT_EQ(errorOf([&] { japanese.EcrireREG_BINARY(path, entry, u"a\u3042"); }), 6);
 }
 
-TEST_F(RegistryAccess, numbersOverlayTheLastOnes) {
-    struct Case {
-        std::string stored;
+TEST_F(RegistryAccess, readsGiveWhatIsStored) {
+    const Variant none = u"Error";
+    const struct {
+        I4 type;
+        std::string stored;  // a text with the NUL that the platform adds
         I4 status;
         Variant expected;
-    };
-    const Case cases[] = {
-        {"\xFF\xFF\xFF\xFF", 0, I4{-1}},
-        {std::string("\x01\x02", 2), 0, static_cast<I4>(0xFFFF0201U)},
-        {"", 0, static_cast<I4>(0xFFFF0201U)},
-        {"12345", 234, u"Error"},
-        {"", 2, u"Error"},
-    };
-    for (const auto& c : cases) {
-        path = u"HKEY_CURRENT_USER\\A\\B";
+        I4 error = 0;
+    } rows[] = {{valueTypes::dword, "\xFF\xFF\xFF\xFF", 0, I4{-1}},
+                {valueTypes::dword, {"\x01\x02", 2}, 0, static_cast<I4>(0xFFFF0201U)},
+                {valueTypes::dword, "", 0, static_cast<I4>(0xFFFF0201U)},
+                {valueTypes::dword, "12345", 234, none},
+                {valueTypes::dword, "", 2, none},
+                {valueTypes::text, {"  deux  \0", 9}, 0, u"deux  "},
+                {valueTypes::text, {"a\0b\0", 4}, 0, Bstr(std::u16string(u"a\0b", 3))},
+                {valueTypes::text, std::string(254, 'x') + '\0', 0, Bstr(std::u16string(254, u'x'))},
+                {valueTypes::text, std::string(255, 'x'), 0, Bstr(std::u16string(254, u'x'))},
+                {valueTypes::text, std::string(256, 'x'), 234, none},
+                {valueTypes::text, "", 2, none},
+                {valueTypes::text, "", 0, {}, 5},
+                {valueTypes::binary, {"\0\x80 \0", 4}, 0, Bstr(std::u16string(u"\0\u0080 \0", 4))},
+                {valueTypes::binary, "", 0, u""},
+                {valueTypes::binary, "", 2, none}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.type + "/" + row.stored);
+        path = usualPath;
         expectOpen(keyAccess::read);
-        expectRead(valueTypes::dword, 4, c.stored, c.status);
+        const auto size = static_cast<I4>(row.stored.size());
+        if (row.type == valueTypes::binary) expectQuery(row.type, 1, row.stored, size > 1 ? 234 : row.status);
+        const auto room = row.type == valueTypes::dword ? 4 : row.type == valueTypes::text ? 255 : size;
+        expectQuery(row.type, room, row.stored, row.status);
         expectClose();
-        EXPECT_EQ(registry.LireREG_DWORD(path, entry), c.expected);
+        const auto read = row.type == valueTypes::dword  ? &Cls_InitREG::LireREG_DWORD
+                          : row.type == valueTypes::text ? &Cls_InitREG::LireREG_STRING
+                                                         : &Cls_InitREG::LireREG_BINARY;
+        Variant result;
+        EXPECT_EQ(errorOf([&] { result = (registry.*read)(path, entry); }), row.error);
+        EXPECT_EQ(result, row.expected);
     }
-}
-
-TEST_F(RegistryAccess, textsLoseTheirLeadingBlanksAndTheirNul) {
-    struct Case {
-        std::string stored;  // with the NUL that the platform adds
-        I4 status;
-        Bstr expected;
-    };
-    const Case cases[] = {
-        {std::string("  deux  \0", 9), 0, u"deux  "},
-        {std::string("a\0b\0", 4), 0, Bstr(std::u16string(u"a\0b", 3))},
-        {std::string(254, 'x') + '\0', 0, std::u16string(254, u'x')},
-        {std::string(255, 'x'), 0, std::u16string(254, u'x')},
-        {std::string(256, 'x'), 234, u"Error"},
-        {"", 2, u"Error"},
-    };
-    for (const auto& c : cases) {
-        path = u"HKEY_CURRENT_USER\\A\\B";
-        expectOpen(keyAccess::read);
-        expectRead(valueTypes::text, 255, c.stored, c.status);
-        expectClose();
-        EXPECT_EQ(registry.LireREG_STRING(path, entry), Variant(c.expected));
-    }
-    path = u"HKEY_CURRENT_USER\\A\\B";
-    expectOpen(keyAccess::read);
-    expectRead(valueTypes::text, 255, "");
-    expectClose();
-    EXPECT_EQ(errorOf([&] { registry.LireREG_STRING(path, entry); }), 5);
-}
-
-TEST_F(RegistryAccess, bytesAreAskedForTheirSizeFirst) {
-    struct Case {
-        std::string stored;
-        I4 status;
-        Variant expected;
-    };
-    const Case cases[] = {
-        {std::string("\0\x80 \0", 4), 0, Bstr(std::u16string(u"\0\u0080 \0", 4))},
-        {"", 0, u""},
-        {"", 2, u"Error"},
-    };
-    for (const auto& c : cases) {
-        path = u"HKEY_CURRENT_USER\\A\\B";
-        const auto size = static_cast<I4>(c.stored.size());
-        expectOpen(keyAccess::read);
-        expectRead(valueTypes::binary, 1, c.stored, size > 1 ? 234 : c.status);
-        expectRead(valueTypes::binary, size, c.stored, c.status);
-        expectClose();
-        EXPECT_EQ(registry.LireREG_BINARY(path, entry), c.expected);
-    }
-}
-
-TEST_F(RegistryAccess, malformedPathsBringABoxAndTouchNothing) {
-    for (const auto& used : {false, true}) {
-        if (used) {
-            expectOpen(keyAccess::read, 2);
-            registry.LireREG_DWORD(path, entry);
-        }
-        for (const auto* malformed : {u"", u"hkey_current_user\\A", u"HKEY_CURRENT_USER\\", u"A\\B"}) {
-            test.services.boxes.clear();
-            Bstr rejected = malformed;
-            Bstr text = u"x";
-            EXPECT_EQ(registry.LireREG_STRING(rejected, entry), Variant());
-            EXPECT_EQ(registry.EcrireREG_STRING(rejected, entry, text), Variant());
-            EXPECT_EQ(registry.CreerREG_Cle(rejected), Variant());
-            EXPECT_EQ(registry.EffaceREG_CLE(rejected), Variant());
-            EXPECT_EQ(rejected, Bstr(malformed));
-            const ShownBox box{join(u"Incorrect Format:\n\n", std::u16string_view(malformed)), 0, u"HoldDLL"};
-            EXPECT_EQ(test.services.boxes, std::vector<ShownBox>(4, box));
-        }
-    }
-}
-
-TEST_F(RegistryAccess, anUnknownRootGivesEmptyWithoutABox) {
-    for (const auto* unknown : {u"HKEY_NONE\\A\\B", u"HKEY_current_user\\A\\B", u"HKEY_\\A\\B"}) {
-        Bstr cut = unknown;
-        EXPECT_EQ(registry.LireREG_DWORD(cut, entry), Variant());
-        EXPECT_EQ(cut, Bstr(u"A\\B"));
-    }
-    EXPECT_TRUE(test.services.boxes.empty());
 }
 
 TEST_F(RegistryAccess, callsByName) {
-    const auto object = objectOn<Cls_InitREG>(test.platform);
-    const std::pair<I4, const char16_t*> messages[] = {
-        {0, u"Code d'Erreur indefini:   0"},
-        {2, u"Mauvais nom de cle"},
-        {3, u"Code d'Erreur indefini:   3"},
-        {-3, u"Code d'Erreur indefini:  -3"},
-        {4, u"Ne peut lire la cle"},
-        {5, u"L'access a cette cle ne peut se faire"},
-        {8, u"Pas assez de memoire"},
-        {14, u"Pas assez de memoire"},
-        {87, u"Parametre Invalide"},
-        {234, u"Il y a plus de donnees que le buffer ne peut en supporter."},
-        {1009, u"La base de Registre est corrompu!"},
-        {1010, u"Mauvais nom de cle"},
-        {1011, u"Ne peut ouvrir la cle"},
-        {1012, u"Ne peut lire la cle"},
-        {1013, u"Ne peut ecrire la cle"},
-        {1014, u"Code d'Erreur indefini:   1014"},
-        {1015, u"La base de Registre est corrompu!"},
-    };
-    for (const auto& [code, message] : messages) expectCall(object, {u"ErrorMsg", {code}, message});
-    const char16_t* const roots[] = {
-        u"HKEY_CLASSES_ROOT",     u"HKEY_CURRENT_USER",   u"HKEY_LOCAL_MACHINE", u"HKEY_USERS",
-        u"HKEY_PERFORMANCE_DATA", u"HKEY_CURRENT_CONFIG", u"HKEY_DYN_DATA",
-    };
-    for (I4 root = rootKeys::classesRoot; const auto* name : roots) {
-        expectCall(object, {u"LireREG_ClePrincipale", {name}, root++});
-    }
-    const Variant unknown = u"HKEY_NONE\\A";
-    for (const auto* read : {u"LireREG_DWORD", u"LireREG_STRING", u"LireREG_BINARY"}) {
-        expectCall(object, {read, {unknown, u"v"}, Empty()});
-    }
-    for (const auto* write : {u"EcrireREG_STRING", u"EcrireREG_BINARY"}) {
-        expectCall(object, {write, {unknown, u"v", u"x"}, Empty()});
-    }
-    expectCall(object, {u"EcrireREG_DWORD", {unknown, u"v", I4{1}}, Empty()});
-    for (const auto* change : {u"CreerREG_Cle", u"EffaceREG_CLE"}) {
-        expectCall(object, {change, {unknown}, Empty()});
-    }
-
+    ::testing::NiceMock<MockKernel32> kernel32;
+    ::testing::NiceMock<MockFiles> files;
+    Platform platform{test.services, test.user32, kernel32, files, port, test.odbc32};
     EXPECT_CALL(port, RegCreateKeyA(rootKeys::currentUser, named("Software\\Prod"), _)).WillOnce(Return(5));
     expectOpen(keyAccess::write, 2, "Software\\Prod");
-    expectCall(object, {u"EcritureREG_Software_RepInstall",
-                        {u"Prod", u"C:\\Prod"},
-                        u"Ecriture dans HKEY_CURRENT_USER\\Software\\Prod"});
-    expectCall(object, {u"EcritureREG_Software_RepInstall",
-                        {u"Prod\\", u"C:\\Prod"},
-                        u"Ecriture dans HKEY_CURRENT_USER\\Software\\Prod\\"});
+    EXPECT_CALL(test.services, createObject).Times(2).WillRepeatedly([](auto) {
+        return makeObject<FileSystemDouble>(u"f");
+    });
+    const Variant none = u"HKEY_NONE\\A";
+    const auto report = u"Ecriture dans HKEY_CURRENT_USER\\Software\\";
+    std::vector<NamedCall> calls{
+        gives(join(report, u"Prod"), u"EcritureREG_Software_RepInstall", u"Prod", u"C:\\"),
+        gives(join(report, u"P\\"), u"EcritureREG_Software_RepInstall", u"P\\", u"C:\\"),
+        gives(0, u"IniEcrire", u"s", u"k", u"v", u"f"),
+        gives(u"", u"IniLire", u"s", u"k", u"d", u"f"),
+        gives(0, u"WinIniEcrire", u"s", u"k", u"v"),
+        gives(u"", u"WinIniLire", u"s", u"k", u"d"),
+        gives(True, u"FichierExiste", u"f"),
+        gives(False, u"DossierExiste", u"f"),
+        gives(u"", u"GET_NomLong", u"f"),
+        gives(u"", u"GET_NomCourt", u"f"),
+        gives(True, u"RenommerFichier", u"f", u"g"),
+        gives(Empty(), u"EcrireREG_DWORD", none, u"v", I4{1}),
+        gives(Empty(), u"EcrireREG_BINARY", none, u"v", u"x"),
+        gives(Empty(), u"EcrireREG_STRING", none, u"v", u"x"),
+    };
+    const auto call = [&](auto... call) { calls.push_back(gives(call...)); };
+    for (const auto* ask : {u"RetourneCheminSystem", u"RetourneCheminWindows"}) call(u"", ask);
+    for (const auto* change : {u"CreerREG_Cle", u"EffaceREG_CLE"}) call(Empty(), change, none);
+    for (const auto* read : {u"LireREG_DWORD", u"LireREG_STRING", u"LireREG_BINARY"}) {
+        call(Empty(), read, none, u"v");
+    }
+    const std::pair<std::vector<I4>, const char16_t*> messages[] = {
+        {{2, 1010}, u"Mauvais nom de cle"},
+        {{4, 1012}, u"Ne peut lire la cle"},
+        {{5}, u"L'access a cette cle ne peut se faire"},
+        {{8, 14}, u"Pas assez de memoire"},
+        {{87}, u"Parametre Invalide"},
+        {{234}, u"Il y a plus de donnees que le buffer ne peut en supporter."},
+        {{1009, 1015}, u"La base de Registre est corrompu!"},
+        {{1011}, u"Ne peut ouvrir la cle"},
+        {{1013}, u"Ne peut ecrire la cle"},
+        {{0}, u"Code d'Erreur indefini:   0"},
+        {{-3}, u"Code d'Erreur indefini:  -3"},
+        {{1014}, u"Code d'Erreur indefini:   1014"},
+    };
+    for (const auto& [codes, message] : messages) {
+        for (const auto code : codes) call(message, u"ErrorMsg", code);
+    }
+    const char16_t* const roots[] = {u"HKEY_CLASSES_ROOT", u"HKEY_CURRENT_USER",     u"HKEY_LOCAL_MACHINE",
+                                     u"HKEY_USERS",        u"HKEY_PERFORMANCE_DATA", u"HKEY_CURRENT_CONFIG",
+                                     u"HKEY_DYN_DATA"};
+    for (I4 root = rootKeys::classesRoot; const auto* name : roots)
+        call(root++, u"LireREG_ClePrincipale", name);
+    expectCallsOfEveryMethod<Cls_InitREG>(platform, calls);
     EXPECT_EQ(test.services.boxes.size(), 2U);
 }
 

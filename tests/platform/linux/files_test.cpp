@@ -46,78 +46,74 @@ TEST_F(FileOperations, RenameNeverOverwrites) {
 }
 
 TEST_F(FileOperations, RenameMovesToAnotherFileSystem) {
-    struct stat here {
-    }, there{};
-    user.makeFile("a", std::string(100000, 'a'));
-    const std::string other = "/dev/shm/tovera-files-test";
-    std::filesystem::remove(other);
-    if (stat(user.onC("a").c_str(), &here) != 0 || stat("/dev/shm", &there) != 0 ||
-        here.st_dev == there.st_dev) {
-        GTEST_SKIP() << "no second file system";
-    }
-    ASSERT_EQ(chmod(user.onC("a").c_str(), 0640), 0);
-    EXPECT_EQ(rename(u"C:\\a", u"Z:\\dev\\shm\\tovera-files-test"), 0);
-    ASSERT_EQ(stat(other.c_str(), &there), 0);
-    EXPECT_EQ(there.st_mode & 07777U, 0640U);
-    EXPECT_FALSE(std::filesystem::exists(user.onC("a")));
+    const TemporaryDisk disk("1m");
+    if (!disk.isThere()) GTEST_SKIP() << "no second file system";
+    const std::string content(100000, 'a');
+    const Bstr there = fromUtf8(disk / "a");
+    user.makeFile("a", content);
     user.makeFile("b", "b");
-    EXPECT_EQ(rename(u"C:\\b", u"/dev/shm/tovera-files-test"), 58);
-    EXPECT_EQ(rename(u"/dev/shm/tovera-files-test", u"C:\\a"), 0);
-    EXPECT_EQ(user.textOf("a"), std::string(100000, 'a'));
+    user.makeFile("big", std::string(2000000, 'b'));
+    ASSERT_EQ(chmod(user.onC("a").c_str(), 0640), 0);
+    EXPECT_EQ(rename(u"C:\\a", join(u"Z:", there)), 0);
+    EXPECT_EQ(std::filesystem::status(disk / "a").permissions(), std::filesystem::perms(0640));
+    EXPECT_FALSE(std::filesystem::exists(user.onC("a")));
+    EXPECT_EQ(rename(u"C:\\b", there), 58);
+    EXPECT_EQ(rename(u"C:\\big", join(there, u".big")), 61);
+    EXPECT_FALSE(std::filesystem::exists(disk / "a.big"));
+    EXPECT_EQ(user.textOf("big").size(), 2000000U);
+    EXPECT_EQ(rename(there, u"C:\\a"), 0);
+    EXPECT_EQ(user.textOf("a"), content);
 }
 
 TEST_F(FileOperations, FileSystemObjectAnswersByName) {
     user.makeFile("Dossier/f.txt");
-    const struct {
-        const char16_t *member, *path;
-        Variant expected;
-    } rows[] = {
-        {u"FileExists", u"C:\\dossier\\F.TXT", True},
-        {u"fileexists", u"C:\\dossier", False},
-        {u"FileExists", u"", False},
-        {u"FileExists", u"D:\\a", False},
-        {u"FolderExists", u"C:\\DOSSIER\\", True},
-        {u"FolderExists", u"C:\\dossier\\f.txt", False},
-        {u"FolderExists", u"C:\\windows\\system32", True},
-        {u"FolderExists", u"/", True},
-        {u"getFileName", u"C:\\a\\b.c", u"b.c"},
-        {u"getFileName", u"a/b\\", u"b"},
-        {u"getFileName", u"C:\\", u""},
-        {u"getFileName", u"C:b", u"b"},
-        {u"getParentFolderName", u"C:\\a\\b.c", u"C:\\a"},
-        {u"getParentFolderName", u"C:\\a\\", u"C:\\"},
-        {u"getParentFolderName", u"/a", u"/"},
-        {u"getParentFolderName", u"a\\\\b", u"a"},
-        {u"getParentFolderName", u"C:\\", u""},
-        {u"getParentFolderName", u"C:b", u"C:"},
-        {u"getParentFolderName", u"b", u""},
+    const auto ask = [&](const char16_t* question, const char16_t* about) {
+        Bstr path(about);
+        return callMember(fileSystem, question, Reference(&path));
     };
-    for (const auto& row : rows) {
-        Bstr path(row.path);
-        EXPECT_EQ(callMember(fileSystem, row.member, Reference(&path)), row.expected)
-            << toUtf8(row.member) << ' ' << toUtf8(row.path);
+    const struct {
+        const char16_t* path;
+        VariantBool isFile, isFolder;
+    } places[] = {{u"C:\\dossier\\F.TXT", True, False},
+                  {u"C:\\dossier", False, True},
+                  {u"C:\\DOSSIER\\", False, True},
+                  {u"C:\\windows\\system32", False, True},
+                  {u"/", False, True},
+                  {u"", False, False},
+                  {u"D:\\a", False, False}};
+    for (const auto& [path, isFile, isFolder] : places) {
+        EXPECT_EQ(ask(u"fileexists", path), Variant(isFile)) << toUtf8(path);
+        EXPECT_EQ(ask(u"FolderExists", path), Variant(isFolder)) << toUtf8(path);
+    }
+    const struct {
+        const char16_t *path, *name, *parent;
+    } names[] = {{u"C:\\a\\b.c", u"b.c", u"C:\\a"},
+                 {u"a/b\\", u"b", u"a"},
+                 {u"C:\\", u"", u""},
+                 {u"C:b", u"b", u"C:"},
+                 {u"C:\\a\\", u"a", u"C:\\"},
+                 {u"/a", u"a", u"/"},
+                 {u"a\\\\b", u"b", u"a"},
+                 {u"b", u"b", u""}};
+    for (const auto& [path, name, parent] : names) {
+        EXPECT_EQ(ask(u"getFileName", path), Variant(name)) << toUtf8(path);
+        EXPECT_EQ(ask(u"GetParentFolderName", path), Variant(parent)) << toUtf8(path);
     }
     EXPECT_EQ(errorOf([&] { callMember(fileSystem, u"DeleteFile", u"x"); }), 438);
     EXPECT_EQ(errorOf([&] { services.createObject(u"Scripting.Dictionary"); }), 429);
 }
 
 TEST_F(FileOperations, FileSystemObjectMakesOneFolder) {
-    const auto make = [&](const char16_t* path) {
-        return errorOf([&] {
-            const auto folder = callMember(fileSystem, u"CreateFolder", path);
-            EXPECT_EQ(readMember(*folder.as<ObjectRef>(), u"path"), Variant(path));
-            EXPECT_EQ(readMember(*folder.as<ObjectRef>(), u"Name"), Variant(u"Neuf"));
-        });
-    };
     user.makeFile("f");
-    EXPECT_EQ(make(u"C:\\Neuf"), 0);
+    const auto folder = callMember(fileSystem, u"CreateFolder", u"C:\\Neuf");
+    EXPECT_EQ(readMember(*folder.as<ObjectRef>(), u"path"), Variant(u"C:\\Neuf"));
+    EXPECT_EQ(readMember(*folder.as<ObjectRef>(), u"Name"), Variant(u"Neuf"));
     EXPECT_TRUE(std::filesystem::is_directory(user.onC("Neuf")));
-    EXPECT_EQ(make(u"C:\\neuf\\"), 58);
-    EXPECT_EQ(make(u"C:\\F"), 58);
-    EXPECT_EQ(make(u"C:\\x\\y"), 76);
-    EXPECT_EQ(make(u"C:\\f\\y"), 76);
-    EXPECT_EQ(make(u"Q:\\y"), 76);
-    EXPECT_EQ(make(u""), 5);
+    const std::pair<const char16_t*, I4> refused[] = {{u"C:\\neuf\\", 58}, {u"C:\\F", 58}, {u"C:\\x\\y", 76},
+                                                      {u"C:\\f\\y", 76},   {u"Q:\\y", 76}, {u"", 5}};
+    for (const auto& [path, error] : refused) {
+        EXPECT_EQ(errorOf([&] { callMember(fileSystem, u"CreateFolder", path); }), error);
+    }
 }
 
 }  // namespace

@@ -38,11 +38,12 @@ class RegistryUser {
     }
     I4 read(const std::string& path, const std::string& name, std::string& data) {
         return onKey(path, keyAccess::read, [&](I4 key) {
-            I4 type = 0;
+            I4 type = valueTypes::binary;
             I4 size = 0;
             const auto status = registry_.RegQueryValueExA(key, {name}, type, {}, size);
             if (status != registryStatus::moreData) return status;
             data.resize(static_cast<std::size_t>(size));
+            type = valueTypes::binary;
             return registry_.RegQueryValueExA(key, {name}, type, std::as_writable_bytes(std::span(data)),
                                               size);
         });

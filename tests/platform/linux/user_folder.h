@@ -23,10 +23,7 @@ class UserFolder {
         std::filesystem::create_directories(std::filesystem::path(onC(path)).parent_path());
         std::ofstream(onC(path), std::ios::binary) << text;
     }
-    std::string textOf(const std::string& path) const {
-        std::ifstream file(onC(path), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    std::string textOf(const std::string& path) const { return contentOf(onC(path)); }
 
   private:
     TemporaryFolder folder_;
