@@ -107,7 +107,7 @@ Variant StepReader::takeText() {
         } else if (take(u'"')) {
             content += u'"';
         } else {
-            return Bstr(std::move(content));
+            return Bstr(content);
         }
     }
     at_ = start;

