@@ -46,7 +46,8 @@ std::optional<std::string> readProfileEntry(const std::string& path, std::string
     bool isUnicode = false;
     bool isFirst = true;
     lastError() = readLines(path, [&](std::string_view lines) {
-        isUnicode = isUnicode || (std::exchange(isFirst, false) && ProfileContent::isUnicode(lines));
+        if (lines.empty()) return true;  // a first line that is longer than a piece
+        isUnicode = std::exchange(isFirst, false) && ProfileContent::isUnicode(lines);
         return !isUnicode && look(lines);
     });
     if (isUnicode) ask(path, look);

@@ -15,8 +15,8 @@ class ProfileSearch {
   public:
     ProfileSearch(std::string_view section, std::string_view key);
 
-    /// Looks through the next lines. False when the rest of the text needn't be looked at.
-    bool goesOnAfter(std::string_view lines);
+    /// Looks through the next lines of the text. False when the rest of the text needn't be looked at.
+    bool goesOnAfter(std::string_view text);
     /// The value in the lines that were looked through last, its quotation marks included. Nothing when there
     /// is no such entry, or no equals sign on its line.
     std::optional<std::string_view> value() const { return value_; }

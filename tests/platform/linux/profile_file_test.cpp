@@ -59,6 +59,8 @@ TEST_F(ProfileFile, ReadsFilesOfAnySize) {
         text.back() = 'w';
         EXPECT_EQ(contentOf(file), text);
     }
+    put("\xEF\xBB\xBF;" + std::string(300000, ';') + "\n[s]\nk=\xC3\xA9");
+    EXPECT_EQ(readProfileEntry(file, "s", "k"), "\xE9");
     const auto pipe = folder / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(readProfileEntry(pipe, "s", "k"), std::nullopt);
