@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <span>
 
 #include "frame/checked.h"
@@ -16,14 +17,14 @@ struct RootName {
     I4 handle;
 };
 
-constexpr RootName rootNames[] = {
-    {u"HKEY_CLASSES_ROOT", rootKeys::classesRoot},
-    {u"HKEY_CURRENT_USER", rootKeys::currentUser},
-    {u"HKEY_LOCAL_MACHINE", rootKeys::localMachine},
-    {u"HKEY_USERS", rootKeys::users},
-    {u"HKEY_PERFORMANCE_DATA", rootKeys::performanceData},
-    {u"HKEY_CURRENT_CONFIG", rootKeys::currentConfig},
-    {u"HKEY_DYN_DATA", rootKeys::dynData},
+constexpr std::array rootNames{
+    RootName{u"HKEY_CLASSES_ROOT", rootKeys::classesRoot},
+    RootName{u"HKEY_CURRENT_USER", rootKeys::currentUser},
+    RootName{u"HKEY_LOCAL_MACHINE", rootKeys::localMachine},
+    RootName{u"HKEY_USERS", rootKeys::users},
+    RootName{u"HKEY_PERFORMANCE_DATA", rootKeys::performanceData},
+    RootName{u"HKEY_CURRENT_CONFIG", rootKeys::currentConfig},
+    RootName{u"HKEY_DYN_DATA", rootKeys::dynData},
 };
 
 struct StatusMessage {
@@ -31,20 +32,20 @@ struct StatusMessage {
     const char16_t* message;
 };
 
-constexpr StatusMessage statusMessages[] = {
-    {2, u"Mauvais nom de cle"},
-    {1010, u"Mauvais nom de cle"},
-    {4, u"Ne peut lire la cle"},
-    {1012, u"Ne peut lire la cle"},
-    {5, u"L'access a cette cle ne peut se faire"},
-    {8, u"Pas assez de memoire"},
-    {14, u"Pas assez de memoire"},
-    {87, u"Parametre Invalide"},
-    {234, u"Il y a plus de donnees que le buffer ne peut en supporter."},
-    {1009, u"La base de Registre est corrompu!"},
-    {1015, u"La base de Registre est corrompu!"},
-    {1011, u"Ne peut ouvrir la cle"},
-    {1013, u"Ne peut ecrire la cle"},
+constexpr std::array statusMessages{
+    StatusMessage{2, u"Mauvais nom de cle"},
+    StatusMessage{1010, u"Mauvais nom de cle"},
+    StatusMessage{4, u"Ne peut lire la cle"},
+    StatusMessage{1012, u"Ne peut lire la cle"},
+    StatusMessage{5, u"L'access a cette cle ne peut se faire"},
+    StatusMessage{8, u"Pas assez de memoire"},
+    StatusMessage{14, u"Pas assez de memoire"},
+    StatusMessage{87, u"Parametre Invalide"},
+    StatusMessage{234, u"Il y a plus de donnees que le buffer ne peut en supporter."},
+    StatusMessage{1009, u"La base de Registre est corrompu!"},
+    StatusMessage{1015, u"La base de Registre est corrompu!"},
+    StatusMessage{1011, u"Ne peut ouvrir la cle"},
+    StatusMessage{1013, u"Ne peut ecrire la cle"},
 };
 
 Variant readFailed() {
@@ -172,7 +173,7 @@ Variant Cls_InitREG::EcrireREG_STRING(Bstr& cle_principale, Bstr& entree, Bstr& 
 
 Variant Cls_InitREG::LireREG_STRING(Bstr& cle_principale, Bstr& entree) {
     bool read = false;
-    const auto result = surCleOuverte(cle_principale, keyAccess::read, readFailed(), [&] {
+    auto result = surCleOuverte(cle_principale, keyAccess::read, readFailed(), [&] {
         strTampon = blanks(textBufferSize);
         lngTailleTampon = textBufferSize;
         lngStatut = lireTampon(entree, valueTypes::text);

@@ -91,7 +91,8 @@ I4 LinuxOdbc32::SQLAllocHandle(I4 type, I4 /*parent*/, I4& handle) {
 I4 LinuxOdbc32::SQLSetEnvAttr(I4 environment, I4 attribute, I4 value, I4 length) {
     const auto* const of = environmentOf(environment);
     if (!of) return SQL_INVALID_HANDLE;
-    const auto number = reinterpret_cast<SQLPOINTER>(static_cast<std::intptr_t>(value));
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): ODBC takes numbers in the place of addresses.
+    auto* const number = reinterpret_cast<SQLPOINTER>(static_cast<std::intptr_t>(value));
     return unixOdbc().setEnvAttr(of->handle, attribute, number, length);
 }
 

@@ -110,10 +110,10 @@ const GivenKey* givenKey(const NameId& id) {
         add(1, "Environment");
         add(1, "Software\\Classes");
         add(1, "Software\\Microsoft");
-        add(1, "Software\\ODBC\\ODBC.INI\\ODBC Data Sources");
+        add(1, R"(Software\ODBC\ODBC.INI\ODBC Data Sources)");
         add(2, "Software\\Classes");
         add(2, "Software\\Microsoft");
-        add(2, "Software\\ODBC\\ODBC.INI\\ODBC Data Sources");
+        add(2, R"(Software\ODBC\ODBC.INI\ODBC Data Sources)");
         add(2, "System");
         add(3, ".DEFAULT");
         return keys;
