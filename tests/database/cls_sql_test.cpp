@@ -62,14 +62,11 @@ struct Sql : ::testing::Test {
     }
 
     void haveFolders() {
-        const auto fill = [](const std::string& path) {
-            return [path](AnsiText& buffer) {
-                buffer.bytes.replace(0, path.size(), path);
-                return static_cast<I4>(path.size());
-            };
+        const auto give = [](std::string folder) {
+            return DoAll(SetArgReferee<0>(AnsiText{folder}), Return(6));
         };
-        EXPECT_CALL(test.kernel32, GetWindowsDirectoryA).WillRepeatedly(fill("W:\\WIN"));
-        EXPECT_CALL(test.kernel32, GetSystemDirectoryA).WillRepeatedly(fill("W:\\SYS"));
+        EXPECT_CALL(test.kernel32, GetWindowsDirectoryA).WillRepeatedly(give("W:\\WIN"));
+        EXPECT_CALL(test.kernel32, GetSystemDirectoryA).WillRepeatedly(give("W:\\SYS"));
     }
     /// Records each write; an open key is known by its path.
     void recordWrites() {

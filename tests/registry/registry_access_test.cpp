@@ -16,7 +16,6 @@ using ::testing::Return;
 using ::testing::SetArgReferee;
 
 constexpr I4 handle = 77;
-constexpr const char16_t* usualPath = u"HKEY_CURRENT_USER\\A\\B";
 
 auto named(const std::string& bytes) {
     return Field(&AnsiText::bytes, bytes);
@@ -27,7 +26,7 @@ struct RegistryAccess : ::testing::Test {
     Cls_InitREG registry{test.platform};
     MockAdvapi32& port = test.advapi32;
     InSequence inOrder;
-    Bstr path = usualPath;
+    Bstr path;
     Bstr entry = u"v";
     Bstr text = u"x";
 
@@ -47,6 +46,7 @@ struct RegistryAccess : ::testing::Test {
         {0, [&] { return registry.CreerREG_Cle(path); }, {}}};
 
     void expectOpen(I4 access, I4 status = 0, const std::string& relativePath = "A\\B") {
+        path = join(u"HKEY_CURRENT_USER", relativePath.empty() ? u"" : u"\\A\\B");
         EXPECT_CALL(port, RegOpenKeyExA(rootKeys::currentUser, named(relativePath), 0, access, _))
             .WillOnce(DoAll(SetArgReferee<4>(handle), Return(status)));
     }
@@ -62,7 +62,6 @@ struct RegistryAccess : ::testing::Test {
             });
     }
     void expectWrite(I4 type, const std::string& data, const std::function<Variant()>& write) {
-        path = usualPath;
         expectOpen(keyAccess::write);
         EXPECT_CALL(port, RegSetValueExA(handle, named("v"), 0, type, _))
             .WillOnce([data](I4, const AnsiText&, I4, I4, std::span<const std::byte> bytes) {
@@ -85,53 +84,46 @@ TEST_F(RegistryAccess, writesOpenActAndCloseAndCutThePath) {
     expectWrite(valueTypes::binary, {"\0\xFF", 2},
                 [&] { return registry.EcrireREG_BINARY(path, entry, text); });
 
-    path = usualPath;
     expectOpen(keyAccess::write);
     EXPECT_CALL(port, RegDeleteKeyA(rootKeys::currentUser, named("A\\B"))).WillOnce(Return(5));
     expectClose();
     EXPECT_EQ(registry.EffaceREG_CLE(path), Variant());
+    expectOpen(keyAccess::write, 0, "");  // the root itself is opened, and never deleted
+    expectClose();
+    EXPECT_EQ(registry.EffaceREG_CLE(path), Variant());
+    EXPECT_EQ(path, Bstr(u""));
 
     for (const I4 status : {0, 5}) {
-        path = usualPath;
+        path = u"HKEY_CURRENT_USER\\A\\B";
         EXPECT_CALL(port, RegCreateKeyA(rootKeys::currentUser, named("A\\B"), _))
             .WillOnce(DoAll(SetArgReferee<2>(handle), Return(status)));
         if (status == 0) expectClose();
         EXPECT_EQ(registry.CreerREG_Cle(path), Variant());
     }
-    path = u"HKEY_CURRENT_USER";  // which is opened, and never deleted
-    expectOpen(keyAccess::write, 0, "");
-    expectClose();
-    EXPECT_EQ(registry.EffaceREG_CLE(path), Variant());
-    EXPECT_EQ(path, Bstr(u""));
 }
 
-TEST_F(RegistryAccess, aKeyThatCannotBeOpenedOrHasNoRoot) {
+TEST_F(RegistryAccess, pathsThatLeadNowhereTouchNothing) {
+    const struct {
+        const char16_t *path, *after;
+        bool isMalformed;
+    } rows[] = {{u"", u"", true},
+                {u"hkey_current_user\\A", u"hkey_current_user\\A", true},
+                {u"HKEY_CURRENT_USER\\", u"HKEY_CURRENT_USER\\", true},
+                {u"A\\B", u"A\\B", true},
+                {u"HKEY_NONE\\A\\B", u"A\\B", false},
+                {u"HKEY_current_user\\A\\B", u"A\\B", false},
+                {u"HKEY_", u"", false}};
     for (const auto& operation : operations) {
-        for (const auto* unknown : {u"HKEY_NONE\\A\\B", u"HKEY_current_user\\A\\B", u"HKEY_\\A\\B"}) {
-            path = unknown;
+        for (const auto& row : rows) {
+            path = row.path;
             EXPECT_EQ(operation.run(), Variant());
-            EXPECT_EQ(path, Bstr(u"A\\B"));
+            EXPECT_EQ(path, Bstr(row.after));
+            const ShownBox box{join(u"Incorrect Format:\n\n", std::u16string_view(row.path)), 0, u"HoldDLL"};
+            EXPECT_EQ(std::exchange(test.services.boxes, {}), std::vector(row.isMalformed ? 1U : 0U, box));
         }
         if (operation.access == 0) continue;
-        path = usualPath;
-        expectOpen(operation.access, 2);
+        expectOpen(operation.access, 2);  // from then on the object has accepted a path
         EXPECT_EQ(operation.run(), operation.refused);
-    }
-    EXPECT_TRUE(test.services.boxes.empty());
-}
-
-TEST_F(RegistryAccess, malformedPathsBringABoxAndTouchNothing) {
-    for (const auto& operation : operations) {
-        for (const auto* malformed : {u"", u"hkey_current_user\\A", u"HKEY_CURRENT_USER\\", u"A\\B"}) {
-            path = malformed;
-            EXPECT_EQ(operation.run(), Variant());
-            EXPECT_EQ(path, Bstr(malformed));
-            const ShownBox box{join(u"Incorrect Format:\n\n", std::u16string_view(malformed)), 0, u"HoldDLL"};
-            EXPECT_EQ(std::exchange(test.services.boxes, {}), std::vector{box});
-        }
-        path = usualPath;  // the next ones are rejected by an object that has accepted one
-        expectOpen(keyAccess::read, 2);
-        registry.LireREG_DWORD(path, entry);
     }
 }
 
@@ -148,7 +140,6 @@ TEST_F(RegistryAccess, binaryValuesThatCannotBeWrittenCloseTheKey) {
     ::testing::NiceMock<DoubleByteServices> services;
     auto platform = Platform{services, test.user32, test.kernel32, test.files, test.advapi32, test.odbc32};
     Cls_InitREG japanese(platform);
-    path = usualPath;
     expectOpen(keyAccess::write);
     expectClose();
     EXPECT_EQ(errorOf([&] { japanese.EcrireREG_BINARY(path, entry, u"a\u3042"); }), 6);
@@ -179,7 +170,6 @@ TEST_F(RegistryAccess, readsGiveWhatIsStored) {
                 {valueTypes::binary, "", 2, none}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.type + "/" + row.stored);
-        path = usualPath;
         expectOpen(keyAccess::read);
         const auto size = static_cast<I4>(row.stored.size());
         if (row.type == valueTypes::binary) expectQuery(row.type, 1, row.stored, size > 1 ? 234 : row.status);
