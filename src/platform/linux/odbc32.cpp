@@ -68,6 +68,26 @@ std::string ansi(std::span<const char> text, SQLSMALLINT length) {
     return toAnsi1252(fromUtf8({text.data(), count}));
 }
 
+/// Texts in ANSI, as all that goes to callers.
+struct Source {
+    std::string name;
+    std::string driver;
+};
+
+/// The next source of unixODBC's own list.
+I4 nextSource(SQLHANDLE environment, I4 direction, Source& found) {
+    std::array<char, 1024> name{};
+    std::array<char, 1024> driver{};
+    SQLSMALLINT nameLength = 0;
+    SQLSMALLINT driverLength = 0;
+    const auto status = unixOdbc().dataSources(
+        environment, static_cast<SQLUSMALLINT>(direction), reinterpret_cast<SQLCHAR*>(name.data()),
+        static_cast<SQLSMALLINT>(name.size()), &nameLength, reinterpret_cast<SQLCHAR*>(driver.data()),
+        static_cast<SQLSMALLINT>(driver.size()), &driverLength);
+    found = {ansi(name, nameLength), ansi(driver, driverLength)};
+    return status;
+}
+
 }  // namespace
 
 LinuxOdbc32::Environment* LinuxOdbc32::environmentOf(I4 handle) {
@@ -102,29 +122,20 @@ I4 LinuxOdbc32::SQLDataSources(I4 environment, I4 direction, AnsiText& name, I2&
     if (!of) return SQL_INVALID_HANDLE;
     if (direction != SQL_FETCH_NEXT) of->givenSourceSeen = of->atEnd = false;
     if (std::exchange(of->atEnd, false)) return SQL_NO_DATA;
-    std::array<char, 1024> source{};
-    std::array<char, 1024> driver{};
-    SQLSMALLINT sourceLength = 0;
-    SQLSMALLINT driverLength = 0;
-    const auto status = unixOdbc().dataSources(
-        of->handle, static_cast<SQLUSMALLINT>(direction), reinterpret_cast<SQLCHAR*>(source.data()),
-        static_cast<SQLSMALLINT>(source.size()), &sourceLength, reinterpret_cast<SQLCHAR*>(driver.data()),
-        static_cast<SQLSMALLINT>(driver.size()), &driverLength);
-    auto sourceName = ansi(source, sourceLength);
-    auto driverName = ansi(driver, driverLength);
+    Source source;
+    const auto status = nextSource(of->handle, direction, source);
     if (status == SQL_NO_DATA) {
         if (std::exchange(of->givenSourceSeen, false) || accessDriverFile().empty()) return status;
-        sourceName = givenSource;
-        driverName = accessDriver;
+        source = {std::string(givenSource), std::string(accessDriver)};
         of->atEnd = true;
     } else if (!SQL_SUCCEEDED(status)) {
         return status;
-    } else if (sourceName == givenSource) {
+    } else if (source.name == givenSource) {
         of->givenSourceSeen = true;
     }
-    if (isAccessDriver(driverName)) driverName = accessDescription;
-    const bool isNameWhole = fill(name, nameLength, sourceName);
-    const bool isDescriptionWhole = fill(description, descriptionLength, driverName);
+    const bool isNameWhole = fill(name, nameLength, source.name);
+    const bool isDescriptionWhole = fill(description, descriptionLength,
+                                         isAccessDriver(source.driver) ? accessDescription : source.driver);
     return isNameWhole && isDescriptionWhole ? SQL_SUCCESS : SQL_SUCCESS_WITH_INFO;
 }
 
