@@ -1,7 +1,9 @@
+#include "cli/form_document.h"
+
 #include <algorithm>
 
 #include "cli/form_classes.h"
-#include "cli/form_object.h"
+#include "frame/error.h"
 
 namespace tovera::cli {
 namespace {
