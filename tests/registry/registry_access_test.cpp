@@ -169,7 +169,7 @@ TEST_F(RegistryAccess, readsGiveWhatIsStored) {
                 {valueTypes::binary, "", 0, u""},
                 {valueTypes::binary, "", 2, none}};
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.type + "/" + row.stored);
+        SCOPED_TRACE(std::to_string(row.type) + "/" + row.stored);
         expectOpen(keyAccess::read);
         const auto size = static_cast<I4>(row.stored.size());
         if (row.type == valueTypes::binary) expectQuery(row.type, 1, row.stored, size > 1 ? 234 : row.status);
