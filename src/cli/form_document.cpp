@@ -1,9 +1,9 @@
 #include "cli/form_document.h"
 
-#include <algorithm>
-
 #include "cli/form_classes.h"
 #include "frame/error.h"
+#include "platform/linux/profile_lines.h"
+#include "platform/linux/profile_text.h"
 
 namespace tovera::cli {
 namespace {
@@ -12,15 +12,11 @@ namespace {
 /// this text.
 bool isReadingOf(std::string_view present, std::string_view text) {
     constexpr std::size_t longestReading = 254;
-    constexpr std::string_view blanks = " \t";
     const auto isRead = [&](std::string_view value) { return text == value.substr(0, longestReading); };
-    const auto last = present.find_last_not_of(blanks);
-    present = present.substr(0, last + 1);
-    if (isRead(present)) return true;
-    present.remove_prefix(std::min(present.find_first_not_of(blanks), present.size()));
-    const bool inQuotes = present.size() > 1 && present.front() == present.back() &&
-                          (present.front() == '"' || present.front() == '\'');
-    return isRead(present) || (inQuotes && isRead(present.substr(1, present.size() - 2)));
+    present = present.substr(0, present.find('\0'));
+    const auto byDefault = present.substr(0, present.find_last_not_of(' ') + 1);
+    const auto line = present.substr(0, present.find('\r'));
+    return isRead(byDefault) || isRead(withoutQuotes(withoutBlanks(line)));
 }
 
 }  // namespace

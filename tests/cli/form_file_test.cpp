@@ -17,7 +17,8 @@ using testing::errorOf;
 /// The bytes of the sample forms, by their file names.
 std::vector<std::pair<std::string, std::string>> samples() {
     std::vector<std::pair<std::string, std::string>> all;
-    const auto folder = std::filesystem::path(__FILE__).parent_path().parent_path() / "language" / "forms";
+    const auto tests = std::filesystem::path(__FILE__).parent_path().parent_path();
+    const auto folder = tests.parent_path() / "examples" / "forms" / "samples";
     for (const auto& entry : std::filesystem::directory_iterator(folder))
         all.emplace_back(entry.path().filename(), testing::contentOf(entry.path()));
     EXPECT_GE(all.size(), 20U);
@@ -175,6 +176,8 @@ TEST(FormFile, TakesOnlyTextsThatItCanHoldAndThatSaySomethingNew) {
         {u" Oui ", u" Oui", u" Oui "}, {u"Oui", u" Oui ", u" Oui "}, {u"'Oui'", u"Oui", u"'Oui'"},
         {u"   ", u"", u"   "}, {phrase, cut, phrase}, {phrase, u"court", u"court"},
         {u"Oui", u"Oui\r\nNon", u"Oui", 5}, {u"Oui", u"\u0416", u"Oui", 5}, {u"Oui", u"a\tb", u"a\tb"},
+        {u"\vOui\x1a", u"Oui", u"\vOui\x1a"}, {u"Oui\t ", u"Oui\t", u"Oui\t "}, {u"Oui\rNon", u"Oui", u"Oui\rNon"},
+        {{u"Oui\0Non", 7}, u"Oui", {u"Oui\0Non", 7}}, {u" 'Oui' ", u"'Oui'", u"'Oui'"},
         // clang-format on
     };
     for (const auto& row : rows) {
