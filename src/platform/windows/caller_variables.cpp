@@ -8,8 +8,9 @@
 namespace tovera {
 namespace {
 
-/// A reference to what the copy holds; a copy that holds no variable's type goes by value.
-Variant referenceTo(Variant& copy) {
+/// A reference to the copy of a variable with this tag; one that holds no variable's type goes by value.
+Variant referenceTo(Variant& copy, VARTYPE tag) {
+    if (tag == VT_VARIANT) return Reference(&copy);
     return std::visit(
         [&]<class T>(const T&) {
             if constexpr (IsAlternativeOf<T*, Reference>::value) {
@@ -89,10 +90,13 @@ Variant CallerVariables::variable(const VARIANT& reference, int chain) {
     const auto tag = static_cast<VARTYPE>(reference.vt & ~VT_BYREF);
     if (tag == VT_VARIANT && isArray(*reference.pvarVal))
         return variable(arrayIn(*reference.pvarVal), chain - 1);
+    const auto known = std::ranges::find_if(
+        variables_, [&](const Variable& v) { return v.address == reference.byref && v.tag == tag; });
+    if (known != variables_.end()) return referenceTo(known->value, tag);
     Variant copy = tag == VT_VARIANT ? variable(*reference.pvarVal, chain - 1) : valueOf(reference);
     auto& added = variables_.emplace_back(Variable{reference.byref, tag, std::move(copy), {}, {}});
     added.before = added.value;
-    return tag == VT_VARIANT ? Variant(Reference(&added.value)) : referenceTo(added.value);
+    return referenceTo(added.value, tag);
 }
 
 void CallerVariables::writeBackChanged() {
