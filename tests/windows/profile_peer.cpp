@@ -65,27 +65,12 @@ constexpr const char* sections[] = {"Un", "un", "Deux mots", "TROIS", "Caf\xE9",
 constexpr const char* keys[] = {"cle", "CLE", "a b", "\xE9t\xE9", "k;k", "[k", "'q'", "1", "vide", "long"};
 constexpr const char* blanks[] = {"", "", "", " ", "  ", "\t", " \t ", "\x1A"};
 constexpr const char* lineEnds[] = {"\r\n", "\n", "\r"};
-constexpr const char* values[] = {"v",
-                                  "deux mots",
-                                  "\"entre guillemets\"",
-                                  "'apostrophes'",
-                                  "\"",
-                                  "'",
-                                  "\"\"",
-                                  "''",
-                                  "\"ouvert",
-                                  "ferm\xE9\"",
-                                  "\"m\xEAl\xE9'",
-                                  "\" blancs \"",
-                                  "a=b",
-                                  "; pas un commentaire",
-                                  "[crochets]",
-                                  "",
-                                  "\x80\xFF\xA0",
-                                  "\"a\"b\"",
-                                  "' \" '",
-                                  "=",
-                                  "\"'x'\""};
+// clang-format off
+constexpr const char* values[] = {
+    "v", "deux mots", "\"entre guillemets\"", "'apostrophes'", "\"", "'", "\"\"", "''", "\"ouvert", "ferm\xE9\"",
+    "\"m\xEAl\xE9'", "\" blancs \"", "a=b", "; pas un commentaire", "[crochets]", "", "\x80\xFF\xA0", "\"a\"b\"",
+    "' \" '", "=", "\"'x'\""};
+// clang-format on
 
 std::string value(Dice& dice) {
     if (dice.below(12) == 0)

@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
     using namespace tovera::client;
     if (argc != 2) return 2;
     for (int tries = std::atoi(argv[1]) * 20; tries > 0; --tries) {
-        if (const HWND box = findMessageBox(0)) {
+        if (const HWND box = findMessageBox()) {
             const auto shown = read(box);
             std::printf("[%s] %s\n", utf8(shown.title).c_str(), utf8(shown.text).c_str());
             accept(box);

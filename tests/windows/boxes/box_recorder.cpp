@@ -1,7 +1,5 @@
 #include "boxes/box_recorder.h"
 
-#include "client/com.h"
-
 namespace tovera::client {
 
 BoxRecorder* BoxRecorder::current = nullptr;
@@ -17,16 +15,12 @@ BoxRecorder::~BoxRecorder() {
 }
 
 void BoxRecorder::look(HWND, UINT, UINT_PTR, DWORD) {
-    const HWND box = findMessageBox(GetCurrentThreadId());
+    const HWND box = findMessageBox();
     if (!box || box == current->answered_) return;
     current->answered_ = box;
     current->shown_.push_back(read(box));
     current->action_();
     accept(box);
-}
-
-std::ostream& operator<<(std::ostream& out, const ShownBox& box) {
-    return out << "[" << utf8(box.title) << "] " << utf8(box.text) << " flags " << box.flags;
 }
 
 }  // namespace tovera::client

@@ -1,22 +1,13 @@
 #include "boxes/message_box.h"
 
-#include <string_view>
+#include "client/com.h"
 
 namespace tovera::client {
 namespace {
 
 // The identifiers of the text and of the icon in every message box.
 constexpr int textControl = 0xFFFF;
-constexpr int iconControls[] = {20, 1088};
-
-BOOL CALLBACK keepMessageBox(HWND window, LPARAM found) {
-    wchar_t name[16]{};
-    GetClassNameW(window, name, 16);
-    if (std::wstring_view(name) != L"#32770" || !IsWindowVisible(window) || !GetDlgItem(window, textControl))
-        return TRUE;
-    *reinterpret_cast<HWND*>(found) = window;
-    return FALSE;
-}
+constexpr int iconControl = 1088;
 
 /// Windows of other processes tell their texts only when asked in this way.
 std::wstring textOf(HWND window) {
@@ -27,28 +18,17 @@ std::wstring textOf(HWND window) {
 }
 
 int flagsOf(HWND box) {
-    for (const int control : iconControls) {
-        const HWND place = GetDlgItem(box, control);
-        const LRESULT icon = place ? SendMessageW(place, STM_GETICON, 0, 0) : 0;
-        if (!icon) continue;
-        if (icon == reinterpret_cast<LRESULT>(LoadIconW(nullptr, IDI_INFORMATION))) return MB_ICONINFORMATION;
-        if (icon == reinterpret_cast<LRESULT>(LoadIconW(nullptr, IDI_ERROR))) return MB_ICONERROR;
-        return -1;
-    }
-    return 0;
+    const LRESULT icon = SendDlgItemMessageW(box, iconControl, STM_GETICON, 0, 0);
+    if (icon == reinterpret_cast<LRESULT>(LoadIconW(nullptr, IDI_INFORMATION))) return MB_ICONINFORMATION;
+    if (icon == reinterpret_cast<LRESULT>(LoadIconW(nullptr, IDI_ERROR))) return MB_ICONERROR;
+    return icon ? -1 : 0;
 }
 
 }  // namespace
 
-HWND findMessageBox(DWORD thread) {
-    HWND found = nullptr;
-    const auto address = reinterpret_cast<LPARAM>(&found);
-    if (thread) {
-        EnumThreadWindows(thread, keepMessageBox, address);
-    } else {
-        EnumWindows(keepMessageBox, address);
-    }
-    return found;
+HWND findMessageBox() {
+    const HWND found = FindWindowW(L"#32770", nullptr);
+    return found && IsWindowVisible(found) && GetDlgItem(found, textControl) ? found : nullptr;
 }
 
 ShownBox read(HWND box) {
@@ -57,6 +37,10 @@ ShownBox read(HWND box) {
 
 void accept(HWND box) {
     PostMessageW(box, WM_COMMAND, IDOK, 0);
+}
+
+std::ostream& operator<<(std::ostream& out, const ShownBox& box) {
+    return out << "[" << utf8(box.title) << "] " << utf8(box.text) << " flags " << box.flags;
 }
 
 }  // namespace tovera::client

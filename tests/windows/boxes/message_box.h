@@ -15,8 +15,8 @@ struct ShownBox {
     friend std::ostream& operator<<(std::ostream& out, const ShownBox& box);
 };
 
-/// A message box on the screen: of one thread, or of any process with thread 0. Null when there is none.
-HWND findMessageBox(DWORD thread);
+/// The message box on the screen, of whatever program; null when there is none.
+HWND findMessageBox();
 ShownBox read(HWND box);
 /// Presses its button OK.
 void accept(HWND box);

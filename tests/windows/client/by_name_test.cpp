@@ -8,10 +8,16 @@ struct ByName : ::testing::Test {
     Pointer<IDispatch> dates = Component::loaded().create<Cls_Date, IDispatch>();
     Pointer<IDispatch> math = Component::loaded().create<Cls_Math, IDispatch>();
     Pointer<IDispatch> conversion = Component::loaded().create<Cls_Conversion, IDispatch>();
-    Pointer<IDispatch> registry = Component::loaded().create<Cls_InitREG, IDispatch>();
+    Pointer<IDispatch> translation = Component::loaded().create<Cls_Traduction, IDispatch>();
+
+    HRESULT statusOf(const std::wstring& member, std::vector<Argument> arguments,
+                     WORD kind = DISPATCH_METHOD) {
+        const auto& object = member == L"IntituleMonnaie" ? conversion : dates;
+        return invoke(object.get(), member, std::move(arguments), kind).status;
+    }
 };
 
-TEST_F(ByName, NamesAreFoundWithoutRegardToCase) {
+TEST_F(ByName, NamesOfMembersAndParameters) {
     expectResult(dates.get(), L"CHRONO", {1, 3}, 2);
     wchar_t member[] = L"Chrono";
     wchar_t parameter[] = L"arriveesec";
@@ -22,143 +28,107 @@ TEST_F(ByName, NamesAreFoundWithoutRegardToCase) {
     EXPECT_EQ(ids[1], 1);
     EXPECT_EQ(ids[2], DISPID_UNKNOWN);
     EXPECT_EQ(dates->GetIDsOfNames(IID_NULL, names, 2, 0, ids), S_OK);
-    LPOLESTR none[] = {unknown};
-    EXPECT_EQ(dates->GetIDsOfNames(IID_NULL, none, 1, 0, ids), DISP_E_UNKNOWNNAME);
+    EXPECT_EQ(dates->GetIDsOfNames(IID_NULL, names + 2, 1, 0, ids), DISP_E_UNKNOWNNAME);
     EXPECT_EQ(ids[0], DISPID_UNKNOWN);
 }
 
 TEST_F(ByName, ArgumentsOfOtherTypesAreConverted) {
-    const Value expected = 2;
-    expectResult(dates.get(), L"Chrono", {1.4, L"3"}, expected);
-    expectResult(dates.get(), L"Chrono", {Value(), 2}, expected);
-    expectResult(dates.get(), L"Chrono", {Value::truth(true), 1}, expected);
     long four = 4;
     short two = 2;
+    Value text = L"4";
     Value held = Value::reference(VT_I4, &four);
-    expectResult(dates.get(), L"Chrono",
-                 {Value::reference(VT_I2, &two), Value::reference(VT_VARIANT, held.address())}, expected);
-    const Text text(L"4");
-    BSTR string = text.get();
-    expectResult(dates.get(), L"Chrono", {2, Value::reference(VT_BSTR, &string)}, expected);
+    const std::vector<Argument> lists[] = {
+        {1.4, L"2,6"},
+        {Value(), 2},
+        {Value::truth(true), 1},
+        {Value::reference(VT_I2, &two), held.referred(VT_VARIANT)},
+        {2, text.referred(VT_BSTR)},
+    };
+    for (const auto& list : lists) expectResult(dates.get(), L"Chrono", list, 2);
 }
 
 TEST_F(ByName, ChangedVariablesKeepTheirType) {
-    const auto reduce = [&](const Value& argument) {
-        expectResult(math.get(), L"MesurePrincipale", {argument}, Value(-2.56F));
-    };
     double number = 10;
-    reduce(Value::reference(VT_R8, &number));
+    Value whole = 10;
+    Value text = L"10";
+    Value inner = Value::reference(VT_R8, &number);
+    for (auto* any : {&whole, &text, &inner}) {
+        expectResult(math.get(), L"MesurePrincipale", {any->referred(VT_VARIANT)}, -2.56F);
+    }
     EXPECT_NEAR(number, -2.56, 1e-12);
-    Value any = 10;
-    reduce(Value::reference(VT_VARIANT, any.address()));
-    ASSERT_EQ(any.type(), VT_R8);
-    EXPECT_NEAR(any.get().dblVal, -2.56, 1e-12);
+    EXPECT_EQ(inner.type(), VT_R8 | VT_BYREF);
+    EXPECT_NEAR(whole.get().dblVal, -2.56, 1e-12);
+    EXPECT_EQ(text.type(), VT_R8);
     number = 10;
-    any = Value::reference(VT_R8, &number);  // a reference within a variable
-    reduce(Value::reference(VT_VARIANT, any.address()));
+    expectResult(math.get(), L"MesurePrincipale", {Value::reference(VT_R8, &number)}, -2.56F);
     EXPECT_NEAR(number, -2.56, 1e-12);
-    EXPECT_EQ(any.type(), VT_R8 | VT_BYREF);
-    any = L"10";
-    reduce(Value::reference(VT_VARIANT, any.address()));
-    EXPECT_EQ(any.type(), VT_R8);
-}
 
-TEST_F(ByName, TextVariablesComeBack) {
-    Text path(L"HKEY_CURRENT_USER\\Software\\TOVERA");
-    EXPECT_EQ(
-        invoke(registry.get(), L"LireREG_DWORD", {Value::reference(VT_BSTR, path.address()), L"x"}).status,
-        S_OK);
-    EXPECT_EQ(path.str(), L"Software\\TOVERA");
-    Value any = L"HKEY_CURRENT_USER\\Software\\TOVERA";
-    EXPECT_EQ(
-        invoke(registry.get(), L"LireREG_DWORD", {Value::reference(VT_VARIANT, any.address()), L"x"}).status,
-        S_OK);
-    EXPECT_EQ(any, Value(L"Software\\TOVERA"));
-    Value byValue = L"HKEY_CURRENT_USER\\Software\\TOVERA";
-    EXPECT_EQ(invoke(registry.get(), L"LireREG_DWORD", {byValue, L"x"}).status, S_OK);
-    EXPECT_EQ(byValue, Value(L"HKEY_CURRENT_USER\\Software\\TOVERA"));
+    Value source = L"a\u0416";
+    Value target = L"##";
+    expectResult(conversion.get(), L"ConvertirOemAnsi",
+                 {source.referred(VT_BSTR), target.referred(VT_VARIANT)}, short{1});
+    EXPECT_EQ(source, Value(L"a?"));
+    EXPECT_EQ(target, Value(L"a?"));
 }
 
 TEST_F(ByName, ArraysOfTexts) {
-    const auto translation = Component::loaded().create<Cls_Traduction, IDispatch>();
-    SAFEARRAY* messages = nullptr;
+    SAFEARRAY* none = nullptr;
+    SAFEARRAY* integers = SafeArrayCreateVector(VT_I4, 0, 9);
+    SAFEARRAY* texts = SafeArrayCreateVector(VT_BSTR, 0, 9);
+    Value held = Value::reference(VT_ARRAY | VT_BSTR, &texts);
     const auto load = [&](const Value& argument) {
         return invoke(translation.get(), L"Charger_TousLesMessages", {L"C:\\aucun.lng", argument}).status;
     };
-    const auto upper = [&] {
+    const auto upper = [](SAFEARRAY* array) {
         long bound = -1;
-        SafeArrayGetUBound(messages, 1, &bound);
+        SafeArrayGetUBound(array, 1, &bound);
         return bound;
     };
-    EXPECT_EQ(load(Value::reference(VT_ARRAY | VT_BSTR, &messages)), S_OK);
-    EXPECT_EQ(upper(), 1);
-    SafeArrayDestroy(messages);
-    messages = SafeArrayCreateVector(VT_BSTR, 0, 9);
-    Value held = Value::reference(VT_ARRAY | VT_BSTR, &messages);
-    EXPECT_EQ(load(Value::reference(VT_VARIANT, held.address())), S_OK);
-    EXPECT_EQ(upper(), 1);
-    SafeArrayDestroy(messages);
-    messages = SafeArrayCreateVector(VT_I4, 0, 9);
-    EXPECT_EQ(load(Value::reference(VT_ARRAY | VT_I4, &messages)), DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(upper(), 8);
-    SafeArrayDestroy(messages);
+    EXPECT_EQ(load(Value::reference(VT_ARRAY | VT_BSTR, &none)), S_OK);
+    EXPECT_EQ(upper(none), 1) << "one without bounds gets them";
+    EXPECT_EQ(load(held.referred(VT_VARIANT)), S_OK);
+    EXPECT_EQ(upper(texts), 1);
+    EXPECT_EQ(load(Value::reference(VT_ARRAY | VT_I4, &integers)), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(upper(integers), 8);
+    for (auto* array : {none, texts, integers}) SafeArrayDestroy(array);
 }
 
-TEST_F(ByName, NamedArguments) {
+TEST_F(ByName, NamedArgumentsCountsAndKinds) {
     expectResult(dates.get(), L"Chrono", {{L"ArriveeSec", 3}, {L"DepartSec", 1}}, 2);
     expectResult(dates.get(), L"Chrono", {1, {L"ArriveeSec", 3}}, 2);
-    EXPECT_EQ(invoke(dates.get(), L"Chrono", {1, {L"DepartSec", 3}}).status, DISP_E_PARAMNOTFOUND);
-    EXPECT_EQ(invoke(dates.get(), L"Chrono", {{L"DepartSec", 3}}).status, DISP_E_PARAMNOTOPTIONAL);
-    EXPECT_EQ(invoke(dates.get(), L"Chrono", {{L"Seconde", 3}, 2}).status, DISP_E_UNKNOWNNAME);
-}
-
-TEST_F(ByName, CountsAndKinds) {
-    EXPECT_EQ(invoke(dates.get(), L"Chrono", {1}).status, DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(invoke(dates.get(), L"Chrono", {1, 2, 3}).status, DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(invoke(dates.get(), L"Chrono", {1, Value::missing()}).status, DISP_E_PARAMNOTOPTIONAL);
-    EXPECT_EQ(invoke(dates.get(), L"Chrono", {1}, DISPATCH_PROPERTYPUT).status, DISP_E_MEMBERNOTFOUND);
-    expectResult(conversion.get(), L"IntituleMonnaie", {}, L"");
-    for (const WORD kind :
-         {WORD{DISPATCH_PROPERTYPUT}, WORD{DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF}}) {
-        const auto label = kind == DISPATCH_PROPERTYPUT ? L"euro" : L"livre";
-        EXPECT_EQ(invoke(conversion.get(), L"IntituleMonnaie", {label}, kind).status, S_OK);
-        expectResult(conversion.get(), L"IntituleMonnaie", {}, label);
-    }
-    EXPECT_EQ(invoke(conversion.get(), L"IntituleMonnaie", {L"x"}, DISPATCH_PROPERTYPUTREF).status,
-              DISP_E_MEMBERNOTFOUND);
-    EXPECT_EQ(invoke(conversion.get(), L"IntituleMonnaie", {12}, DISPATCH_PROPERTYPUT).status, S_OK);
+    EXPECT_EQ(statusOf(L"Chrono", {1, {L"DepartSec", 3}}), DISP_E_PARAMNOTFOUND);
+    EXPECT_EQ(statusOf(L"Chrono", {{L"DepartSec", 3}}), DISP_E_PARAMNOTOPTIONAL);
+    EXPECT_EQ(statusOf(L"Chrono", {{L"Seconde", 3}, 2}), DISP_E_UNKNOWNNAME);
+    EXPECT_EQ(statusOf(L"Chrono", {1}), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(statusOf(L"Chrono", {1, 2, 3}), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(statusOf(L"Chrono", {1, Value::missing()}), DISP_E_PARAMNOTOPTIONAL);
+    EXPECT_EQ(statusOf(L"Chrono", {1}, DISPATCH_PROPERTYPUT), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(statusOf(L"IntituleMonnaie", {L"x"}, DISPATCH_PROPERTYPUTREF), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(statusOf(L"IntituleMonnaie", {12}, DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF), S_OK);
     expectResult(conversion.get(), L"IntituleMonnaie", {}, L"12");
-    VARIANT result;
-    VariantInit(&result);
     DISPPARAMS none{};
-    EXPECT_EQ(dates->Invoke(0x12345, IID_NULL, 0, DISPATCH_METHOD, &none, &result, nullptr, nullptr),
-              DISP_E_MEMBERNOTFOUND);
-    EXPECT_EQ(dates->Invoke(0x12345, IID_IUnknown, 0, DISPATCH_METHOD, &none, &result, nullptr, nullptr),
-              DISP_E_UNKNOWNINTERFACE);
+    const auto withoutPlaces = [&](DISPID id, REFIID reserved) {
+        return dates->Invoke(id, reserved, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
+    };
+    EXPECT_EQ(withoutPlaces(0x12345, IID_NULL), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(withoutPlaces(0x60030003, IID_NULL), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(withoutPlaces(0x60030003, IID_IUnknown), DISP_E_UNKNOWNINTERFACE);
 }
 
 TEST_F(ByName, FailuresTellTheirRecordOrTheArgumentAtFault) {
-    auto call = invoke(dates.get(), L"Chrono", {1, L"abc"});
-    EXPECT_EQ(call.status, DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(call.argumentAtFault, 0U) << "counted from the last";
-    call = invoke(dates.get(), L"Chrono", {1e10, 1});
-    EXPECT_EQ(call.status, DISP_E_OVERFLOW);
-    EXPECT_EQ(call.argumentAtFault, 1U);
-    call = invoke(dates.get(), L"Chrono", {-2147483647, 2147483647});
-    EXPECT_EQ(call.status, DISP_E_EXCEPTION);
-    EXPECT_EQ(static_cast<unsigned long>(call.code), 0x800A0006UL);
-    EXPECT_EQ(utf8(call.description), "Dépassement de capacité");
-    EXPECT_EQ(call.source, L"KADRELDLL");
-    EXPECT_EQ(call.result.type(), VT_EMPTY);
-    EXPECT_EQ(invoke(dates.get(), L"NBJoursOuvrables", {Value::null(), 1}).status, DISP_E_EXCEPTION);
-    DISPPARAMS none{};
-    wchar_t member[] = L"SecondeEnHeure";
-    LPOLESTR name = member;
-    DISPID id = 0;
-    dates->GetIDsOfNames(IID_NULL, &name, 1, 0, &id);
-    EXPECT_EQ(dates->Invoke(id, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
-              DISP_E_BADPARAMCOUNT)
-        << "without any place to tell more";
+    const auto mismatch = invoke(dates.get(), L"Chrono", {1, L"abc"});
+    EXPECT_EQ(mismatch.status, DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(mismatch.argumentAtFault, 0U) << "counted from the last";
+    const auto overflow = invoke(dates.get(), L"Chrono", {1e10, 1});
+    EXPECT_EQ(overflow.status, DISP_E_OVERFLOW);
+    EXPECT_EQ(overflow.argumentAtFault, 1U);
+    const auto failed = invoke(dates.get(), L"Chrono", {-2147483647, 2147483647});
+    EXPECT_EQ(failed.status, DISP_E_EXCEPTION);
+    EXPECT_EQ(static_cast<unsigned long>(failed.code), 0x800A0006UL);
+    EXPECT_EQ(failed.description, Value(L"Dépassement de capacité"));
+    EXPECT_EQ(failed.source, Value(L"KADRELDLL"));
+    EXPECT_EQ(failed.result.type(), VT_EMPTY);
+    EXPECT_EQ(statusOf(L"NBJoursOuvrables", {Value::of(VT_NULL), 1}), DISP_E_EXCEPTION);
 }
 
 }  // namespace

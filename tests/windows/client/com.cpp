@@ -11,11 +11,19 @@ std::string utf8(const std::wstring& text) {
     return bytes;
 }
 
+Value Value::texts(std::initializer_list<std::wstring> texts) {
+    auto made = of(VT_ARRAY | VT_BSTR);
+    made.variant_.parray = SafeArrayCreateVector(VT_BSTR, 1, static_cast<ULONG>(texts.size()));
+    for (long index = 1; const auto& text : texts)
+        SafeArrayPutElement(made.variant_.parray, &index, *Value(text).textAddress()), ++index;
+    return made;
+}
+
 bool operator==(const Value& left, const Value& right) {
-    if (left.type() != right.type()) return false;
     const auto& l = left.variant_;
     const auto& r = right.variant_;
-    switch (left.type()) {
+    if (l.vt != r.vt) return false;
+    switch (l.vt) {
         case VT_EMPTY:
         case VT_NULL:
             return true;
@@ -35,21 +43,9 @@ bool operator==(const Value& left, const Value& right) {
 }
 
 std::ostream& operator<<(std::ostream& out, const Value& value) {
-    out << "type " << value.type() << " ";
-    switch (value.type()) {
-        case VT_I2:
-        case VT_BOOL:
-            return out << value.variant_.iVal;
-        case VT_R4:
-            return out << value.variant_.fltVal;
-        case VT_R8:
-        case VT_DATE:
-            return out << value.variant_.dblVal;
-        case VT_BSTR:
-            return out << utf8(value.text());
-        default:
-            return out << value.variant_.lVal;
-    }
+    Value shown = value;
+    shown.become(VT_BSTR);
+    return out << "type " << value.type() << " " << (shown.type() == VT_BSTR ? utf8(shown.text()) : "");
 }
 
 }  // namespace tovera::client

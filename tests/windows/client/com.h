@@ -1,67 +1,27 @@
 #pragma once
 
-#include <concepts>
+#include <initializer_list>
 #include <ostream>
 #include <string>
-#include <utility>
 #include <windows.h>
+#include <wrl/client.h>
 
 // What an Automation client needs: owned references, texts and `VARIANT`s.
 namespace tovera::client {
 
 template <class T>
-class Pointer {
-  public:
-    Pointer() = default;
-    explicit Pointer(T* owned) : pointer_(owned) {}
-    Pointer(Pointer&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
-    Pointer& operator=(Pointer&& other) noexcept {
-        std::swap(pointer_, other.pointer_);
-        return *this;
-    }
-    ~Pointer() { reset(); }
-
-    void reset() {
-        if (auto* const last = std::exchange(pointer_, nullptr)) last->Release();
-    }
-    T** out() {
-        reset();
-        return &pointer_;
-    }
-    T* get() const { return pointer_; }
-    T* operator->() const { return pointer_; }
-    explicit operator bool() const { return pointer_ != nullptr; }
+struct Pointer : Microsoft::WRL::ComPtr<T> {
+    T* get() const { return this->Get(); }
+    /// Where a call stores the reference that it hands over.
+    T** out() { return this->ReleaseAndGetAddressOf(); }
+    void** outAny() { return reinterpret_cast<void**>(out()); }
 
     template <class Other>
     Pointer<Other> as(REFIID interfaceId) const {
-        void* found = nullptr;
-        pointer_->QueryInterface(interfaceId, &found);
-        return Pointer<Other>(static_cast<Other*>(found));
+        Pointer<Other> other;
+        get()->QueryInterface(interfaceId, other.outAny());
+        return other;
     }
-
-  private:
-    T* pointer_ = nullptr;
-};
-
-class Text {
-  public:
-    Text() = default;
-    explicit Text(const std::wstring& text)
-        : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
-    Text(const Text&) = delete;
-    Text& operator=(const Text&) = delete;
-    ~Text() { SysFreeString(text_); }
-
-    BSTR get() const { return text_; }
-    BSTR* address() { return &text_; }
-    BSTR* out() {
-        SysFreeString(std::exchange(text_, nullptr));
-        return &text_;
-    }
-    std::wstring str() const { return {text_ ? text_ : L"", SysStringLen(text_)}; }
-
-  private:
-    BSTR text_ = nullptr;
 };
 
 std::string utf8(const std::wstring& text);
@@ -70,47 +30,45 @@ std::string utf8(const std::wstring& text);
 class Value {
   public:
     Value() { VariantInit(&variant_); }
-    Value(short number) : Value() { set(VT_I2).iVal = number; }
-    Value(long number) : Value() { set(VT_I4).lVal = number; }
-    Value(int number) : Value(static_cast<long>(number)) {}
-    Value(float number) : Value() { set(VT_R4).fltVal = number; }
-    Value(double number) : Value() { set(VT_R8).dblVal = number; }
-    Value(const std::wstring& text) : Value() {
-        set(VT_BSTR).bstrVal = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+    Value(short number) : Value(VT_I2) { variant_.iVal = number; }
+    Value(int number) : Value(VT_I4) { variant_.lVal = number; }
+    Value(float number) : Value(VT_R4) { variant_.fltVal = number; }
+    Value(double number) : Value(VT_R8) { variant_.dblVal = number; }
+    Value(const std::wstring& text) : Value(VT_BSTR) {
+        variant_.bstrVal = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
     }
     Value(const wchar_t* text) : Value(std::wstring(text)) {}
-    Value(const Value& other) : Value() { VariantCopy(&variant_, const_cast<VARIANT*>(&other.variant_)); }
+    Value(const Value& other) : Value() { *this = other; }
     Value& operator=(const Value& other) {
         VariantCopy(&variant_, const_cast<VARIANT*>(&other.variant_));
         return *this;
     }
     ~Value() { VariantClear(&variant_); }
 
+    /// The default of a type, with every bit 0.
+    static Value of(VARTYPE type) { return Value(static_cast<VARENUM>(type)); }
     static Value truth(bool value) {
-        Value made;
-        made.set(VT_BOOL).boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
-        return made;
+        return Value(VT_BOOL, [=](VARIANT& v) { v.boolVal = value ? -1 : 0; });
     }
     static Value date(DATE value) {
-        Value made;
-        made.set(VT_DATE).date = value;
-        return made;
+        return Value(VT_DATE, [=](VARIANT& v) { v.date = value; });
     }
     static Value missing() {
-        Value made;
-        made.set(VT_ERROR).scode = DISP_E_PARAMNOTFOUND;
-        return made;
+        return Value(VT_ERROR, [](VARIANT& v) { v.scode = DISP_E_PARAMNOTFOUND; });
     }
-    static Value null() {
-        Value made;
-        made.set(VT_NULL);
-        return made;
-    }
+    /// An array with bounds 1 to the number of texts.
+    static Value texts(std::initializer_list<std::wstring> texts);
     /// A reference to a variable of the caller.
     static Value reference(VARTYPE type, void* variable) {
-        Value made;
-        made.set(static_cast<VARTYPE>(type | VT_BYREF)).byref = variable;
-        return made;
+        return Value(static_cast<VARENUM>(type | VT_BYREF), [=](VARIANT& v) { v.byref = variable; });
+    }
+    /// A reference to what it holds, which must be of this type, or to itself as a `VARIANT`.
+    Value referred(VARTYPE type) {
+        return reference(type, type == VT_VARIANT ? static_cast<void*>(&variant_) : &variant_.byref);
+    }
+    /// The same value with another type; any value is a `VARIANT`.
+    void become(VARTYPE type) {
+        if (type != VT_VARIANT && type != variant_.vt) VariantChangeType(&variant_, &variant_, 0, type);
     }
 
     VARTYPE type() const { return variant_.vt; }
@@ -120,15 +78,21 @@ class Value {
         VariantClear(&variant_);
         return &variant_;
     }
-    std::wstring text() const { return {variant_.bstrVal, SysStringLen(variant_.bstrVal)}; }
+    /// The variable of a value that is a text, and what it holds; also where a call stores one that it makes.
+    BSTR* textAddress() { return &variant_.bstrVal; }
+    BSTR* textOut() { return &(*out() = Value(VT_BSTR).variant_).bstrVal; }
+    std::wstring text() const {
+        return {variant_.bstrVal ? variant_.bstrVal : L"", SysStringLen(variant_.bstrVal)};
+    }
 
     friend bool operator==(const Value& left, const Value& right);
     friend std::ostream& operator<<(std::ostream& out, const Value& value);
 
   private:
-    VARIANT& set(VARTYPE type) {
-        variant_.vt = type;
-        return variant_;
+    explicit Value(VARENUM type) : variant_{} { variant_.vt = static_cast<VARTYPE>(type); }
+    template <class Fill>
+    Value(VARENUM type, Fill fill) : Value(type) {
+        fill(variant_);
     }
 
     VARIANT variant_;

@@ -16,36 +16,36 @@ class Component {
     HMODULE module() const { return module_; }
 
     HRESULT classObject(REFCLSID classId, REFIID interfaceId, void** found) const {
-        return getClassObject_(classId, interfaceId, found);
+        return call<HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(
+            classId, interfaceId, found);
     }
-    bool canUnloadNow() const { return canUnloadNow_() == S_OK; }
-    HRESULT registerServer() const { return register_(); }
-    HRESULT unregisterServer() const { return unregister_(); }
+    bool canUnloadNow() const { return run("DllCanUnloadNow") == S_OK; }
+    HRESULT run(const char* name) const { return call<HRESULT(STDAPICALLTYPE*)()>(name)(); }
 
     Pointer<IClassFactory> factory(REFCLSID classId) const;
 
     /// A new object through its class factory.
+    template <class Interface>
+    Pointer<Interface> create(REFCLSID classId) const {
+        Pointer<Interface> made;
+        EXPECT_EQ(factory(classId)->CreateInstance(nullptr, __uuidof(Interface), made.outAny()), S_OK);
+        return made;
+    }
     template <class Class, class Interface>
     Pointer<Interface> create() const {
-        void* made = nullptr;
-        const HRESULT status = factory(__uuidof(Class))->CreateInstance(nullptr, __uuidof(Interface), &made);
-        EXPECT_EQ(status, S_OK);
-        return Pointer<Interface>(static_cast<Interface*>(made));
+        return create<Interface>(__uuidof(Class));
     }
 
   private:
     Component();
 
+    template <class Function>
+    Function call(const char* name) const {
+        return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(GetProcAddress(module_, name)));
+    }
+
     std::wstring file_;
     HMODULE module_;
-    decltype(&DllGetClassObject) getClassObject_;
-    decltype(&DllCanUnloadNow) canUnloadNow_;
-    HRESULT(STDAPICALLTYPE* register_)();
-    HRESULT(STDAPICALLTYPE* unregister_)();
 };
-
-/// What a failed call by slot leaves behind: its code, and the record of the thread with number, description,
-/// source and interface.
-void expectFailure(HRESULT status, int number, const std::wstring& description, REFIID interfaceId);
 
 }  // namespace tovera::client

@@ -21,20 +21,16 @@ Invocation invoke(IDispatch* object, const std::wstring& member, std::vector<Arg
     EXCEPINFO exception{};
     call.status = object->Invoke(ids[0], IID_NULL, 0, kind, &parameters, call.result.out(), &exception,
                                  &call.argumentAtFault);
-    if (exception.pfnDeferredFillIn) exception.pfnDeferredFillIn(&exception);
-    if (exception.bstrDescription) call.description = exception.bstrDescription;
-    if (exception.bstrSource) call.source = exception.bstrSource;
+    *call.description.textOut() = exception.bstrDescription;
+    *call.source.textOut() = exception.bstrSource;
     call.code = exception.scode;
-    SysFreeString(exception.bstrDescription);
-    SysFreeString(exception.bstrSource);
-    SysFreeString(exception.bstrHelpFile);
     return call;
 }
 
 void expectResult(IDispatch* object, const std::wstring& member, std::vector<Argument> arguments,
                   const Value& result) {
     const auto call = invoke(object, member, std::move(arguments));
-    EXPECT_EQ(call.status, S_OK) << utf8(member) << " " << utf8(call.description);
+    EXPECT_EQ(call.status, S_OK) << utf8(member) << " " << utf8(call.description.text());
     EXPECT_EQ(call.result, result) << utf8(member);
 }
 

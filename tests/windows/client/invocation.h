@@ -8,9 +8,8 @@ namespace tovera::client {
 
 /// An argument of a call through `Invoke`, by place or by its parameter's name.
 struct Argument {
-    Argument(Value given) : value(std::move(given)) {}
     template <class T>
-    Argument(T given) : value(given) {}
+    Argument(T given) : value(std::move(given)) {}
     Argument(std::wstring parameter, Value given) : name(std::move(parameter)), value(std::move(given)) {}
 
     std::wstring name;
@@ -21,8 +20,8 @@ struct Argument {
 struct Invocation {
     HRESULT status = S_OK;
     Value result;
-    std::wstring description;
-    std::wstring source;
+    Value description;
+    Value source;
     HRESULT code = S_OK;
     UINT argumentAtFault = 999;
 };

@@ -1,106 +1,60 @@
 #include <aclapi.h>
-#include <map>
 
-#include "client/invocation.h"
-#include "client/published_tables.h"
+#include "client/library.h"
 
 // Registration by the system's own tool, what it makes possible, and that nothing of it stays.
 namespace tovera::client {
 namespace {
 
-/// Every key and value below a key, as "path\" and "path\name".
-using Snapshot = std::map<std::wstring, std::wstring>;
-
-void collect(HKEY key, const std::wstring& path, Snapshot& snapshot) {
-    snapshot[path + L"\\"] = L"";
-    std::wstring name(16384, L'\0');
-    std::wstring data(16384, L'\0');
-    for (DWORD i = 0;; ++i) {
-        auto length = static_cast<DWORD>(name.size());
-        auto size = static_cast<DWORD>(data.size() * sizeof(wchar_t));
-        DWORD type = 0;
-        if (RegEnumValueW(key, i, name.data(), &length, nullptr, &type, reinterpret_cast<BYTE*>(data.data()),
-                          &size) != ERROR_SUCCESS)
-            break;
-        snapshot[path + L"\\" + name.substr(0, length)] =
-            std::to_wstring(type) + L" " + data.substr(0, (size + 1) / sizeof(wchar_t));
-    }
-    for (DWORD i = 0;; ++i) {
-        auto length = static_cast<DWORD>(name.size());
-        if (RegEnumKeyExW(key, i, name.data(), &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS)
-            break;
-        HKEY child = nullptr;
-        if (RegOpenKeyExW(key, name.c_str(), 0, KEY_READ, &child) != ERROR_SUCCESS) continue;
-        collect(child, path + L"\\" + name.substr(0, length), snapshot);
-        RegCloseKey(child);
-    }
+/// All keys below a key, each in brackets and behind its values.
+std::wstring treeOf(HKEY parent, const std::wstring& name, const std::wstring& path) {
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(parent, name.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return {};
+    std::wstring all;
+    std::vector<wchar_t> found(16384);
+    std::vector<wchar_t> data(16384);
+    DWORD length = 16384;
+    DWORD size = 32768;
+    DWORD type = 0;
+    for (DWORD i = 0; RegEnumValueW(key, i, found.data(), &length, nullptr, &type,
+                                    reinterpret_cast<BYTE*>(data.data()), &size) == ERROR_SUCCESS;
+         ++i, length = 16384, size = 32768)
+        all += std::wstring(found.data(), length) + L"=" + std::wstring(data.data(), size / 2) + L"\n";
+    for (DWORD i = 0; RegEnumKeyW(key, i, found.data(), length) == ERROR_SUCCESS; ++i)
+        all += treeOf(key, found.data(), path + L"\\" + found.data());
+    RegCloseKey(key);
+    return all + L"[" + path + L"]\n";
 }
 
-Snapshot takeSnapshot() {
-    Snapshot snapshot;
-    const std::pair<HKEY, const wchar_t*> roots[] = {{HKEY_LOCAL_MACHINE, L"LM"}, {HKEY_CURRENT_USER, L"CU"}};
-    for (const auto& [root, name] : roots) {
-        HKEY classes = nullptr;
-        if (RegOpenKeyExW(root, L"Software\\Classes", 0, KEY_READ, &classes) != ERROR_SUCCESS) continue;
-        collect(classes, name, snapshot);
-        RegCloseKey(classes);
-    }
-    return snapshot;
+std::wstring snapshot() {
+    return treeOf(HKEY_LOCAL_MACHINE, L"Software\\Classes", L"LM") +
+           treeOf(HKEY_CURRENT_USER, L"Software\\Classes", L"CU");
 }
 
-DWORD regsvr32(const std::wstring& arguments) {
-    auto command = L"regsvr32 /s " + arguments + L" \"" + Component::loaded().file() + L"\"";
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                        &process))
-        return GetLastError();
-    DWORD status = 0;
-    WaitForSingleObject(process.hProcess, INFINITE);
-    GetExitCodeProcess(process.hProcess, &status);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return status;
+int regsvr32(const std::wstring& arguments) {
+    return _wsystem((L"regsvr32 /s " + arguments + L" \"" + Component::loaded().file() + L"\"").c_str());
 }
 
-std::wstring wide(std::string_view ascii) {
-    return {ascii.begin(), ascii.end()};
+std::size_t countOf(const std::wstring& text, const std::wstring& what) {
+    std::size_t count = 0;
+    for (auto at = text.find(what); at != text.npos; at = text.find(what, at + 1)) ++count;
+    return count;
 }
 
-void expectCreation(std::string_view name) {
+void expectCreation(const std::string& name) {
     SCOPED_TRACE(name);
+    const auto progId = L"KADRELDLL." + std::wstring(name.begin(), name.end());
     CLSID classId;
-    ASSERT_EQ(CLSIDFromProgID((L"KADRELDLL." + wide(name)).c_str(), &classId), S_OK);
-    Text progId;
+    ASSERT_EQ(CLSIDFromProgID(progId.c_str(), &classId), S_OK);
     LPOLESTR found = nullptr;
     EXPECT_EQ(ProgIDFromCLSID(classId, &found), S_OK);
-    EXPECT_EQ(found, L"KADRELDLL." + wide(name));
+    EXPECT_EQ(found, progId);
     CoTaskMemFree(found);
-    void* made = nullptr;
-    ASSERT_EQ(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, &made), S_OK);
-    const Pointer<IDispatch> object(static_cast<IDispatch*>(made));
+    Pointer<IDispatch> object;
     Pointer<ITypeInfo> info;
+    ASSERT_EQ(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.outAny()), S_OK);
     ASSERT_EQ(object->GetTypeInfo(0, 0, info.out()), S_OK);
-    Text interfaceName;
-    info->GetDocumentation(MEMBERID_NIL, interfaceName.out(), nullptr, nullptr, nullptr);
-    EXPECT_EQ(interfaceName.str(), L"_" + wide(name));
-}
-
-void expectThreadingModel() {
-    LPOLESTR text = nullptr;
-    StringFromCLSID(__uuidof(Cls_Date), &text);
-    const auto key = std::wstring(L"CLSID\\") + text + L"\\InprocServer32";
-    CoTaskMemFree(text);
-    wchar_t value[MAX_PATH]{};
-    DWORD size = sizeof value;
-    EXPECT_EQ(
-        RegGetValueW(HKEY_CLASSES_ROOT, key.c_str(), L"ThreadingModel", RRF_RT_REG_SZ, nullptr, value, &size),
-        ERROR_SUCCESS);
-    EXPECT_STREQ(value, L"Apartment");
-    size = sizeof value;
-    RegGetValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, value, &size);
-    EXPECT_EQ(_wcsicmp(value, Component::loaded().file().c_str()), 0);
+    EXPECT_EQ(documentationOf(info.get()).name, "_" + name);
 }
 
 /// Calls an object of this thread from another apartment, by way of the system's marshalling.
@@ -108,9 +62,8 @@ DWORD WINAPI callFromElsewhere(void* parameter) {
     CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     long seconds = -1;
     {
-        void* found = nullptr;
-        CoGetInterfaceAndReleaseStream(static_cast<IStream*>(parameter), __uuidof(_Cls_Date), &found);
-        const Pointer<_Cls_Date> dates(static_cast<_Cls_Date*>(found));
+        Pointer<_Cls_Date> dates;
+        CoGetInterfaceAndReleaseStream(static_cast<IStream*>(parameter), __uuidof(_Cls_Date), dates.outAny());
         if (dates) dates->Chrono(82800, 3600, &seconds);
     }
     CoUninitialize();
@@ -132,23 +85,27 @@ void expectCallsFromOtherApartments() {
 }
 
 TEST(Registration, LeavesTheRegistryAsItWas) {
-    const auto before = takeSnapshot();
-    ASSERT_EQ(regsvr32(L""), 0U);
-    const auto registered = takeSnapshot();
-    EXPECT_NE(registered, before);
-    EXPECT_EQ(regsvr32(L""), 0U) << "a second time";
-    EXPECT_EQ(takeSnapshot(), registered);
-    for (const auto& published : publishedClasses) expectCreation(published.name);
-    expectThreadingModel();
+    const auto before = snapshot();
+    ASSERT_EQ(regsvr32(L""), 0);
+    const auto registered = snapshot();
+    EXPECT_EQ(regsvr32(L""), 0) << "a second time";
+    EXPECT_TRUE(snapshot() == registered);
+    const Library library;
+    std::size_t classes = 0;
+    for (unsigned i = 0; i < publishedNames.size(); ++i) {
+        if (!publishedNames[i].starts_with("Cls_") || !library.at(i + 1)) continue;
+        expectCreation(publishedNames[i]);
+        ++classes;
+    }
+    const std::wstring apartment = L"ThreadingModel=Apartment";
+    EXPECT_EQ(countOf(registered, apartment), countOf(before, apartment) + classes);
     expectCallsFromOtherApartments();
-    Pointer<ITypeLib> library;
-    GUID id = __uuidof(Cls_InitREG);
-    id.Data1 -= 2;
-    EXPECT_EQ(LoadRegTypeLib(id, 1, 0, 0, library.out()), S_OK);
-    ASSERT_EQ(regsvr32(L"/u"), 0U);
-    EXPECT_EQ(takeSnapshot(), before);
-    EXPECT_EQ(regsvr32(L"/u"), 0U) << "a second time";
-    EXPECT_EQ(takeSnapshot(), before);
+    Pointer<ITypeLib> registeredLibrary;
+    EXPECT_EQ(LoadRegTypeLib(library.attributes().guid, 1, 0, 0, registeredLibrary.out()), S_OK);
+    ASSERT_EQ(regsvr32(L"/u"), 0);
+    EXPECT_TRUE(snapshot() == before);
+    EXPECT_EQ(regsvr32(L"/u"), 0) << "a second time";
+    EXPECT_TRUE(snapshot() == before);
 }
 
 /// A stand-in for the machine's part of the registry, for this process alone.
@@ -197,13 +154,13 @@ class OwnMachine {
 TEST(Registration, WithoutRightsForAllUsersItIsForTheCurrentOne) {
     OwnMachine machine;
     machine.deny(L"Software\\Classes");
-    const auto before = takeSnapshot();
-    EXPECT_EQ(Component::loaded().registerServer(), S_OK);
-    const auto after = takeSnapshot();
-    EXPECT_TRUE(after.contains(L"CU\\KADRELDLL.Cls_Date\\"));
-    EXPECT_FALSE(after.contains(L"LM\\KADRELDLL.Cls_Date\\"));
-    EXPECT_EQ(Component::loaded().unregisterServer(), S_OK);
-    EXPECT_EQ(takeSnapshot(), before);
+    const auto before = snapshot();
+    EXPECT_EQ(Component::loaded().run("DllRegisterServer"), S_OK);
+    const auto after = snapshot();
+    EXPECT_EQ(countOf(after, L"[CU\\KADRELDLL.Cls_Date]"), 1U);
+    EXPECT_EQ(countOf(after, L"[LM\\KADRELDLL.Cls_Date]"), 0U);
+    EXPECT_EQ(Component::loaded().run("DllUnregisterServer"), S_OK);
+    EXPECT_TRUE(snapshot() == before);
 }
 
 TEST(Registration, OneThatFailsLeavesNothingBehind) {
@@ -217,10 +174,10 @@ TEST(Registration, OneThatFailsLeavesNothingBehind) {
                    reinterpret_cast<const BYTE*>(nowhere.data()),
                    static_cast<DWORD>(nowhere.size() * sizeof(wchar_t)));
     RegCloseKey(libraries);
-    const auto before = takeSnapshot();
-    EXPECT_TRUE(FAILED(Component::loaded().registerServer()));
-    EXPECT_EQ(takeSnapshot(), before);
-    EXPECT_FALSE(before.contains(L"LM\\KADRELDLL.Cls_Date\\"));
+    const auto before = snapshot();
+    EXPECT_EQ(countOf(before, L"[LM"), 1U) << "an empty machine";
+    EXPECT_TRUE(FAILED(Component::loaded().run("DllRegisterServer")));
+    EXPECT_TRUE(snapshot() == before);
 }
 
 }  // namespace

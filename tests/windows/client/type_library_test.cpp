@@ -1,159 +1,26 @@
 #include <cstring>
-#include <sstream>
+#include <fstream>
+#include <iterator>
+#include <regex>
 
-#include "client/component.h"
-#include "client/published_tables.h"
+#include "client/library.h"
 
-// Walks the embedded type library and compares it with the published tables.
+// The embedded type library against the reference pages, and what these don't tell: identities and flags.
 namespace tovera::client {
 namespace {
 
-struct Documentation {
-    std::string name;
-    std::string help;
-};
-
-Documentation documentationOf(ITypeInfo* info, MEMBERID member) {
-    Text name;
-    Text help;
-    info->GetDocumentation(member, name.out(), help.out(), nullptr, nullptr);
-    return {utf8(name.str()), utf8(help.str())};
-}
-
-/// The name of a type, with "&" for each address.
-std::string nameOf(ITypeInfo* info, const TYPEDESC& type) {
-    switch (type.vt) {
-        case VT_PTR:
-            return nameOf(info, *type.lptdesc) + "&";
-        case VT_SAFEARRAY:
-            return "SAFEARRAY(" + nameOf(info, *type.lptdesc) + ")";
-        case VT_USERDEFINED: {
-            Pointer<ITypeInfo> referred;
-            info->GetRefTypeInfo(type.hreftype, referred.out());
-            return documentationOf(referred.get(), MEMBERID_NIL).name;
-        }
-        case VT_BSTR:
-            return "BSTR";
-        case VT_VARIANT:
-            return "VARIANT";
-        case VT_BOOL:
-            return "VARIANT_BOOL";
-        case VT_DATE:
-            return "DATE";
-        case VT_DISPATCH:
-            return "IDispatch";
-        case VT_I2:
-            return "I2";
-        case VT_I4:
-            return "I4";
-        case VT_R4:
-            return "R4";
-        case VT_R8:
-            return "R8";
-        case VT_UI1:
-            return "UI1";
-        case VT_VOID:
-            return "void";
-        case VT_HRESULT:
-            return "HRESULT";
-        default:
-            return "type " + std::to_string(type.vt);
-    }
-}
-
-class TypeLibrary : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        ASSERT_EQ(LoadTypeLibEx(Component::loaded().file().c_str(), REGKIND_NONE, library_.out()), S_OK);
-        TLIBATTR* attributes = nullptr;
-        library_->GetLibAttr(&attributes);
-        attributes_ = *attributes;
-        library_->ReleaseTLibAttr(attributes);
-    }
-
-    Pointer<ITypeInfo> typeAt(unsigned offset) const {
-        GUID guid = attributes_.guid;
-        guid.Data1 += offset;
-        Pointer<ITypeInfo> info;
-        EXPECT_EQ(library_->GetTypeInfoOfGuid(guid, info.out()), S_OK) << offset;
-        return info;
-    }
-
-    Pointer<ITypeLib> library_;
-    TLIBATTR attributes_{};
-};
-
-TYPEATTR attributesOf(ITypeInfo* info) {
-    TYPEATTR* attributes = nullptr;
-    info->GetTypeAttr(&attributes);
-    const TYPEATTR copy = *attributes;
-    info->ReleaseTypeAttr(attributes);
-    return copy;
-}
-
-/// The entry "vtable side" of a dual interface, whose functions stand in slot order.
-Pointer<ITypeInfo> dualSide(ITypeInfo* dispatchSide) {
-    HREFTYPE reference = 0;
-    Pointer<ITypeInfo> info;
-    EXPECT_EQ(dispatchSide->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference), S_OK);
-    EXPECT_EQ(dispatchSide->GetRefTypeInfo(reference, info.out()), S_OK);
-    return info;
-}
-
-std::string prefixOf(INVOKEKIND kind) {
-    switch (kind) {
-        case INVOKE_PROPERTYGET:
-            return "get ";
-        case INVOKE_PROPERTYPUT:
-            return "put ";
-        case INVOKE_PROPERTYPUTREF:
-            return "putref ";
-        default:
-            return "";
-    }
-}
-
-std::string signatureOf(ITypeInfo* info, const FUNCDESC& member) {
-    BSTR names[16]{};
-    UINT known = 0;
-    info->GetNames(member.memid, names, 16, &known);
-    std::ostringstream text;
-    text << prefixOf(member.invkind) << utf8(names[0]) << "(";
-    std::string result;
-    for (int i = 0; i < member.cParams; ++i) {
-        const auto& parameter = member.lprgelemdescParam[i];
-        const auto flags = parameter.paramdesc.wParamFlags;
-        const auto type = nameOf(info, parameter.tdesc);
-        if (flags & PARAMFLAG_FRETVAL) {
-            EXPECT_EQ(flags, PARAMFLAG_FOUT | PARAMFLAG_FRETVAL);
-            result = ": " + type.substr(0, type.size() - 1);
-            continue;
-        }
-        const bool byReference = parameter.tdesc.vt == VT_PTR;
-        const bool optional = flags & PARAMFLAG_FOPT;
-        EXPECT_EQ(flags & ~PARAMFLAG_FOPT, byReference ? PARAMFLAG_FIN | PARAMFLAG_FOUT : PARAMFLAG_FIN);
-        text << (i ? ", " : "") << (optional ? "[" : "");
-        // Names are told of the first slot with a number, which for a property is the one for reading.
-        const bool isValue = member.invkind & (INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF);
-        text << (isValue ? "value" : utf8(names[i + 1])) << ": " << type;
-        text << (optional ? "]" : "");
-    }
-    for (auto& name : names) SysFreeString(name);
-    EXPECT_EQ(nameOf(info, member.elemdescFunc.tdesc), "HRESULT");
-    return text.str() + ")" + result;
-}
-
-TEST_F(TypeLibrary, Facts) {
-    Text name;
-    Text help;
-    library_->GetDocumentation(-1, name.out(), help.out(), nullptr, nullptr);
-    EXPECT_EQ(name.str(), L"KADRELDLL");
-    EXPECT_EQ(help.str(), L"KADREL..INI REG WINDOWS WAIT");
-    EXPECT_EQ(attributes_.wMajorVerNum, 1);
-    EXPECT_EQ(attributes_.wMinorVerNum, 0);
-    EXPECT_EQ(attributes_.lcid, 0U);
-    EXPECT_EQ(attributes_.syskind, SYS_WIN32);
-    EXPECT_EQ(library_->GetTypeInfoCount(), 2 * publishedClasses.size() + publishedRecords.size());
+TEST(TypeLibrary, Facts) {
+    const Library library;
+    Value name;
+    Value help;
+    library->GetDocumentation(-1, name.textOut(), help.textOut(), nullptr, nullptr);
+    EXPECT_EQ(name, Value(L"KADRELDLL"));
+    EXPECT_EQ(help, Value(L"KADREL..INI REG WINDOWS WAIT"));
+    const auto& attributes = library.attributes();
+    EXPECT_EQ(attributes.wMajorVerNum, 1);
+    EXPECT_EQ(attributes.wMinorVerNum, 0);
+    EXPECT_EQ(attributes.lcid, 0U);
+    EXPECT_EQ(attributes.syskind, SYS_WIN32);
 
     // The resource's own fields: signature, and the locale that no interface tells.
     const HMODULE module = Component::loaded().module();
@@ -166,80 +33,131 @@ TEST_F(TypeLibrary, Facts) {
     EXPECT_EQ(header[4], 0U);
 }
 
-TEST_F(TypeLibrary, ClassesAndInterfaces) {
-    for (const auto& published : publishedClasses) {
-        SCOPED_TRACE(published.name);
-        const auto dispatchSide = typeAt(published.interfaceOffset);
-        ASSERT_TRUE(dispatchSide);
-        const auto described = documentationOf(dispatchSide.get(), MEMBERID_NIL);
-        EXPECT_EQ(described.name, "_" + std::string(published.name));
-        EXPECT_EQ(described.help, published.help);
-        const auto attributes = attributesOf(dispatchSide.get());
-        EXPECT_EQ(attributes.typekind, TKIND_DISPATCH);
-        constexpr WORD flags =
-            TYPEFLAG_FDUAL | TYPEFLAG_FNONEXTENSIBLE | TYPEFLAG_FHIDDEN | TYPEFLAG_FDISPATCHABLE;
-        EXPECT_EQ(attributes.wTypeFlags & ~TYPEFLAG_FOLEAUTOMATION, flags);
-        EXPECT_EQ(attributesOf(dualSide(dispatchSide.get()).get()).wTypeFlags,
-                  flags | TYPEFLAG_FOLEAUTOMATION);
+void expectInterface(ITypeInfo* info) {
+    constexpr WORD flags =
+        TYPEFLAG_FDUAL | TYPEFLAG_FNONEXTENSIBLE | TYPEFLAG_FHIDDEN | TYPEFLAG_FDISPATCHABLE;
+    EXPECT_EQ(attributesOf(info).typekind, TKIND_DISPATCH);
+    EXPECT_EQ(attributesOf(info).wTypeFlags & ~TYPEFLAG_FOLEAUTOMATION, flags);
+    EXPECT_EQ(attributesOf(dualSide(info).get()).wTypeFlags, flags | TYPEFLAG_FOLEAUTOMATION);
+}
 
-        const auto coclass = typeAt(published.interfaceOffset + 1);
-        ASSERT_TRUE(coclass);
-        const auto classAttributes = attributesOf(coclass.get());
-        EXPECT_EQ(documentationOf(coclass.get(), MEMBERID_NIL).name, published.name);
-        EXPECT_EQ(documentationOf(coclass.get(), MEMBERID_NIL).help, published.help);
-        EXPECT_EQ(classAttributes.typekind, TKIND_COCLASS);
-        EXPECT_EQ(classAttributes.wTypeFlags, TYPEFLAG_FCANCREATE);
-        ASSERT_EQ(classAttributes.cImplTypes, 1);
-        int kind = 0;
-        HREFTYPE reference = 0;
-        Pointer<ITypeInfo> implemented;
-        coclass->GetImplTypeFlags(0, &kind);
-        EXPECT_EQ(kind, IMPLTYPEFLAG_FDEFAULT);
-        coclass->GetRefTypeOfImplType(0, &reference);
-        coclass->GetRefTypeInfo(reference, implemented.out());
-        EXPECT_EQ(documentationOf(implemented.get(), MEMBERID_NIL).name, described.name);
+void expectClass(ITypeInfo* info, const std::string& name) {
+    EXPECT_EQ(attributesOf(info).typekind, TKIND_COCLASS);
+    EXPECT_EQ(attributesOf(info).wTypeFlags, TYPEFLAG_FCANCREATE);
+    ASSERT_EQ(attributesOf(info).cImplTypes, 1);
+    int kind = 0;
+    HREFTYPE reference = 0;
+    Pointer<ITypeInfo> implemented;
+    info->GetImplTypeFlags(0, &kind);
+    EXPECT_EQ(kind, IMPLTYPEFLAG_FDEFAULT);
+    info->GetRefTypeOfImplType(0, &reference);
+    info->GetRefTypeInfo(reference, implemented.out());
+    EXPECT_EQ(documentationOf(implemented.get()).name, "_" + name);
+    EXPECT_EQ(documentationOf(implemented.get()).help, documentationOf(info).help);
+}
+
+std::string pageOf(const std::string& name) {
+    const std::string here = __FILE__;
+    const auto root = here.substr(0, here.rfind("tests"));
+    std::ifstream file(root + "docs/reference/" + name + ".md", std::ios::binary);
+    const std::string page{std::istreambuf_iterator<char>(file), {}};
+    return std::regex_replace(page, std::regex(" = \\w+: "), " = : ");
+}
+
+std::string signatureOf(const Member& member) {
+    std::string list;
+    for (const auto& parameter : member.parameters) {
+        list += (list.empty() ? "" : "; ") + parameter.name + ": " + typeName(parameter.type);
+        list += std::string(parameter.byReference ? " by reference" : "") +
+                (parameter.optional ? ", optional" : "");
+    }
+    switch (member.kind) {
+        case INVOKE_PROPERTYGET:
+            return member.name + ": " + typeName(member.result) + ", read";
+        case INVOKE_PROPERTYPUT:
+            return member.name + " = " + list + ", write";
+        case INVOKE_PROPERTYPUTREF:
+            return member.name + " = " + list + ", assign by reference";
+        default:
+            return member.name + "(" + list + ")" + (member.result ? ": " + typeName(member.result) : "");
     }
 }
 
-TEST_F(TypeLibrary, SlotsInPublishedOrder) {
-    for (const auto& published : publishedClasses) {
-        SCOPED_TRACE(published.name);
-        const auto info = dualSide(typeAt(published.interfaceOffset).get());
-        ASSERT_TRUE(info);
-        ASSERT_EQ(attributesOf(info.get()).cFuncs, published.slots.size());
-        for (UINT i = 0; i < published.slots.size(); ++i) {
-            FUNCDESC* member = nullptr;
-            ASSERT_EQ(info->GetFuncDesc(i, &member), S_OK);
-            EXPECT_EQ(signatureOf(info.get(), *member), published.slots[i].signature);
-            EXPECT_EQ(documentationOf(info.get(), member->memid).help, published.slots[i].help);
-            EXPECT_EQ(member->oVft, static_cast<short>((7 + i) * sizeof(void*)));
-            EXPECT_EQ(static_cast<unsigned long>(member->memid) & 0xFFFF0000UL,
-                      member->invkind == INVOKE_FUNC ? 0x60030000UL : 0x68030000UL);
-            info->ReleaseFuncDesc(member);
+/// The reference page of a class as the type library tells it.
+std::string toldOf(ITypeInfo* coclass, ITypeInfo* slots) {
+    const auto [name, help] = documentationOf(coclass);
+    auto page = "# " + name + "\n\nProgID `KADRELDLL." + name + "`" + (help.empty() ? "" : ": " + help) +
+                "\n\nThe members in slot order. This page is made from the class table.\n";
+    for (const auto& member : membersOf(slots)) {
+        page += "\n- `" + signatureOf(member) + "`\n";
+        if (!member.help.empty()) page += "\n  " + member.help + "\n";
+    }
+    return page;
+}
+
+TEST(TypeLibrary, ClassesAreThoseOfTheReference) {
+    const Library library;
+    UINT found = 0;
+    for (unsigned i = 0; i < publishedNames.size(); ++i) {
+        const auto& name = publishedNames[i];
+        SCOPED_TRACE(name);
+        const auto info = library.at(i + 1);
+        found += info ? 1 : 0;
+        if (info) {
+            EXPECT_EQ(documentationOf(info.get()).name, name);
         }
+        if (name.starts_with("_") && info) expectInterface(info.get());
+        if (!name.starts_with("Cls_")) continue;
+        if (info) expectClass(info.get(), name);
+        EXPECT_EQ(pageOf(name), info ? toldOf(info.get(), dualSide(library.at(i).get()).get()) : "");
     }
+    EXPECT_EQ(library->GetTypeInfoCount(), found);
+    EXPECT_TRUE(library.at(2)) << "at least one class";
 }
 
-TEST_F(TypeLibrary, Records) {
-    for (const auto& published : publishedRecords) {
-        SCOPED_TRACE(published.name);
-        const auto info = typeAt(published.offset);
-        ASSERT_TRUE(info);
-        const auto attributes = attributesOf(info.get());
-        EXPECT_EQ(attributes.typekind, TKIND_RECORD);
-        EXPECT_EQ(attributes.cbSizeInstance, published.size);
-        EXPECT_EQ(documentationOf(info.get(), MEMBERID_NIL).name, published.name);
-        EXPECT_EQ(documentationOf(info.get(), MEMBERID_NIL).help, helpOfRecords());
+std::string fieldsOf(ITypeInfo* info) {
+    std::string fields;
+    for (UINT i = 0; i < attributesOf(info).cVars; ++i) {
+        VARDESC* field = nullptr;
+        EXPECT_EQ(info->GetVarDesc(i, &field), S_OK);
+        const auto& type = field->elemdescVar.tdesc;
+        Pointer<ITypeInfo> record;
+        if (type.vt == VT_USERDEFINED) info->GetRefTypeInfo(type.hreftype, record.out());
+        fields += (i ? ", " : "") + std::to_string(field->oInst) + " " +
+                  documentationOf(info, field->memid).name + " " +
+                  (record ? documentationOf(record.get()).name : typeName(typeOf(type)));
+        info->ReleaseVarDesc(field);
+    }
+    return fields;
+}
+
+TEST(TypeLibrary, Records) {
+    const struct {
+        unsigned distance;
+        unsigned long size;
         std::string fields;
-        for (UINT i = 0; i < attributes.cVars; ++i) {
-            VARDESC* field = nullptr;
-            ASSERT_EQ(info->GetVarDesc(i, &field), S_OK);
-            fields += (i ? ", " : "") + std::to_string(field->oInst) + " " +
-                      documentationOf(info.get(), field->memid).name + " " +
-                      nameOf(info.get(), field->elemdescVar.tdesc);
-            info->ReleaseVarDesc(field);
-        }
-        EXPECT_EQ(fields, published.fields);
+    } records[] = {
+        {5, 32,
+         "0 hOwner I4, 4 pidlRoot I4, 8 pszDisplayName BSTR, 12 lpszTitle BSTR, 16 ulFlags I4, 20 lpfn I4, "
+         "24 lParam I4, 28 iImage I4"},
+        {6, 8, "0 x I4, 4 y I4"},
+        {7, 8, "0 cb I4, 4 abID UI1"},
+        {8, 8, "0 mkid SHITEMID"},
+        {9, 28,
+         "0 hwnd I4, 4 wFunc I4, 8 pFrom BSTR, 12 pTo BSTR, 16 fFlags I2, 18 fAnyOperationsAborted "
+         "VARIANT_BOOL, "
+         "20 hNameMappings I4, 24 lpszProgressTitle BSTR"},
+    };
+    const Library library;
+    const auto classOfRecords = library.at(4);
+    for (const auto& record : records) {
+        const auto info = library.at(record.distance);
+        ASSERT_TRUE(info);
+        EXPECT_EQ(attributesOf(info.get()).typekind, TKIND_RECORD);
+        EXPECT_EQ(attributesOf(info.get()).cbSizeInstance, record.size);
+        EXPECT_EQ(fieldsOf(info.get()), record.fields);
+        EXPECT_EQ(documentationOf(info.get()).help,
+                  classOfRecords ? documentationOf(classOfRecords.get()).help : "");
     }
 }
 

@@ -1,5 +1,5 @@
-' Put in front of each script of this folder. A script that ends at an unhandled error, which Wine's host does
-' silently and with status 0, never prints the closing line that the runner wants to see.
+' Put in front of each script. A script that ends at an unhandled error, which Wine's host does silently and with
+' status 0, never prints the closing line that the runner wants to see.
 Dim checksMade, faultsFound
 checksMade = 0
 faultsFound = 0
@@ -12,35 +12,13 @@ Sub Fault(what, found, expected)
     WScript.Echo "FAULT " & what & ": " & found & " instead of " & expected
 End Sub
 
-Function Shown(value)
-    If IsNull(value) Then
-        Shown = "Null"
-    ElseIf IsArray(value) Then
-        Shown = "an array"
-    ElseIf IsObject(value) Then
-        Shown = "an object"
-    Else
-        Shown = "[" & value & "] of type " & VarType(value)
-    End If
-End Function
-
 ' The value and its type are as expected.
 Sub Check(what, found, expected)
     checksMade = checksMade + 1
     If VarType(found) <> VarType(expected) Then
-        Fault what, Shown(found), Shown(expected)
+        Fault what, "type " & VarType(found), "type " & VarType(expected)
     ElseIf Not IsEmpty(expected) Then
-        If found <> expected Then Fault what, Shown(found), Shown(expected)
-    End If
-End Sub
-
-' The type is as expected, and the value to four decimal places.
-Sub CheckNear(what, found, expected)
-    checksMade = checksMade + 1
-    If VarType(found) <> VarType(expected) Then
-        Fault what, Shown(found), Shown(expected)
-    ElseIf Abs(CDbl(found) - CDbl(expected)) > 0.00005 Then
-        Fault what, Shown(found), Shown(expected)
+        If found <> expected Then Fault what, found, expected
     End If
 End Sub
 

@@ -1,9 +1,6 @@
 // Usage: fresh_creation FILE CLASS: loads a component's file and makes an object of one of its classes, as
 // the first thing that this process does, and prints how many microseconds that took.
-#include <cstdio>
-
-#include "bench/clock.h"
-#include "client/com.h"
+#include "timing.h"
 
 int wmain(int argc, wchar_t** argv) {
     using tovera::client::microseconds;

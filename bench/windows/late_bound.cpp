@@ -1,35 +1,14 @@
 // Measures the component against the system's Scripting.Dictionary, which hosts use in the same way: a call
 // with its name looked up each time, and the first creation in a process. Prints a table of ratios.
-#include <algorithm>
-#include <cstdio>
 #include <vector>
 
 #include "KADRELDLL.h"
-#include "bench/clock.h"
-#include "client/com.h"
+#include "timing.h"
 
 namespace tovera::client {
 namespace {
 
 constexpr CLSID dictionaryClass{0xEE09B103, 0x97E0, 0x11CF, {0x97, 0x8F, 0x00, 0xA0, 0x24, 0x63, 0xE0, 0x6F}};
-
-std::wstring folderOfThisProgram() {
-    std::wstring path(MAX_PATH, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
-    return path.substr(0, path.find_last_of(L'\\') + 1);
-}
-
-Pointer<IDispatch> createFrom(const std::wstring& file, REFCLSID classId) {
-    const auto getClassObject = reinterpret_cast<decltype(&DllGetClassObject)>(
-        reinterpret_cast<void (*)()>(GetProcAddress(LoadLibraryW(file.c_str()), "DllGetClassObject")));
-    Pointer<IClassFactory> factory;
-    void* found = nullptr;
-    getClassObject(classId, IID_IClassFactory, &found);
-    *factory.out() = static_cast<IClassFactory*>(found);
-    found = nullptr;
-    factory->CreateInstance(nullptr, IID_IDispatch, &found);
-    return Pointer<IDispatch>(static_cast<IDispatch*>(found));
-}
 
 struct LateBoundCall {
     IDispatch* object;
@@ -57,24 +36,10 @@ double timeOf(LateBoundCall& call) {
     return (microseconds() - start) / calls;
 }
 
-/// The best of many short rounds is what the machine does when nothing else disturbs it. The rounds of the
-/// two alternate.
-template <class First, class Second>
-void compare(const char* what, First first, Second second) {
-    constexpr int rounds = 40;
-    double ours = first();
-    double theirs = second();
-    for (int round = 1; round < rounds; ++round) {
-        ours = std::min(ours, first());
-        theirs = std::min(theirs, second());
-    }
-    std::printf("%-42s %10.3f us %10.3f us %6.1f times as fast\n", what, ours, theirs, theirs / ours);
-}
-
 double freshCreation(const std::wstring& file, REFCLSID classId) {
     LPOLESTR text = nullptr;
     StringFromCLSID(classId, &text);
-    auto command = L"\"" + folderOfThisProgram() + L"fresh_creation.exe\" \"" + file + L"\" " + text;
+    auto command = L"\"" + besideThisProgram(L"fresh_creation.exe") + L"\" \"" + file + L"\" " + text;
     CoTaskMemFree(text);
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     HANDLE read = nullptr;
@@ -98,7 +63,7 @@ double freshCreation(const std::wstring& file, REFCLSID classId) {
 }
 
 void run() {
-    const auto component = folderOfThisProgram() + L"TOVERA.dll";
+    const auto component = besideThisProgram(L"TOVERA.dll");
     wchar_t system[MAX_PATH]{};
     GetSystemDirectoryW(system, MAX_PATH);
     const auto scripting = std::wstring(system) + L"\\scrrun.dll";
@@ -109,12 +74,13 @@ void run() {
     add.make();
     LateBoundCall item{dictionary.get(), L"Item", {Value(L"key")}, DISPATCH_PROPERTYGET};
     LateBoundCall chrono{dates.get(), L"Chrono", {Value(200), Value(100)}, DISPATCH_METHOD};
+    constexpr int rounds = 40;
     std::printf("%-42s %13s %13s\n", "", "TOVERA", "Dictionary");
     compare(
-        "a call, its name looked up (Chrono, Item)", [&] { return timeOf(chrono); },
+        "a call, its name looked up (Chrono, Item)", rounds, [&] { return timeOf(chrono); },
         [&] { return timeOf(item); });
     compare(
-        "loading and creation in a fresh process",
+        "loading and creation in a fresh process", rounds,
         [&] { return freshCreation(component, __uuidof(Cls_Date)); },
         [&] { return freshCreation(scripting, dictionaryClass); });
 }
