@@ -27,9 +27,9 @@ class Scripted final : public Counted<> {
         return members[static_cast<std::size_t>(*memberNamed(name))].second;
     }
     Bstr text(std::u16string_view name) { return *(*this)[name].value.as<Bstr>(); }
-    Scripted& add(Members control) {
-        elements_.emplace_back(makeObject<Scripted>(std::move(control)));
-        return static_cast<Scripted&>(**elements_.back().as<ObjectRef>());
+    Scripted& add(Members script) {
+        controls.emplace_back(makeObject<Scripted>(std::move(script)));
+        return static_cast<Scripted&>(**controls.back().as<ObjectRef>());
     }
 
     std::optional<MemberId> memberNamed(std::u16string_view name) override {
@@ -54,7 +54,7 @@ class Scripted final : public Counted<> {
 
     std::unique_ptr<Enumerator> elements() override {
         if (!enumerates) raise(ErrorNumber::NotEnumerable);
-        return std::make_unique<Walk>(elements_);
+        return std::make_unique<Walk>(controls);
     }
 
     ObjectRef query(const InterfaceId& interface) override {
@@ -65,7 +65,7 @@ class Scripted final : public Counted<> {
     }
 
     Members members;
-    std::vector<Variant> elements_;  ///< an Empty one stands for a failure of the enumeration
+    std::vector<Variant> controls;  ///< an Empty one stands for a failure of the enumeration
     bool enumerates = true;
     bool isControl = true;
 

@@ -53,13 +53,13 @@ TEST_F(FormTextsTest, WritesTheTextsThatAreNotEmptyInFileOrder) {
 
 TEST_F(FormTextsTest, PassesOverWhatFailsWithoutTouchingTheNextControl) {
     form.add(named(u"Perdu", {{u"Caption", Variant(u"x")}})).isControl = false;
-    form.elements_.push_back(Variant(I2{5}));
+    form.controls.push_back(Variant(I2{5}));
     form.add({{u"Caption", Variant(u"no name")}});
     form.add(named(u"Nul", {{u"Caption", Variant(Null{})}, {u"Text", Variant(u"t")}}));
     form.add(named(u"Fugace", {{u"Caption", failing(57, 1, u"once, not twice")}, {u"Text", Variant(u"u")}}));
     form.add(named(u"Tableau", {{u"Index", failing(57, 1, I2{1})}, {u"Text", Variant(u"v")}}));
     form.add(named(u"Simple", {{u"Caption", Variant(u"w")}}));
-    form.elements_.push_back(Variant());
+    form.controls.push_back(Variant());
     form.add(named(u"Apres", {{u"Caption", Variant(u"behind the broken enumeration")}}));
     EXPECT_EQ(save(), Variant(u""));
     EXPECT_THAT(profile.written, ElementsAre("Principal/Principal.Caption=", "Principal/Nul.Text=t",

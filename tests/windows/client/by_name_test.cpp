@@ -63,12 +63,12 @@ TEST_F(ByName, ChangedVariablesKeepTheirType) {
     expectResult(math.get(), L"MesurePrincipale", {Value::reference(VT_R8, &number)}, -2.56F);
     EXPECT_NEAR(number, -2.56, 1e-12);
 
-    Value source = L"a\u0416";
-    Value target = L"##";
+    Value source = L"\u201A\u0416";  // an accented letter in the code page of the console, and one of no page
+    Value target = L"####";
     expectResult(conversion.get(), L"ConvertirOemAnsi",
                  {source.referred(VT_BSTR), target.referred(VT_VARIANT)}, short{1});
-    EXPECT_EQ(source, Value(L"a?"));
-    EXPECT_EQ(target, Value(L"a?"));
+    EXPECT_EQ(source, Value(L"‚?"));
+    EXPECT_EQ(target, Value(std::wstring(L"é?\0#", 4)));
 }
 
 TEST_F(ByName, ArraysOfTexts) {
