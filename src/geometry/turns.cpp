@@ -8,12 +8,11 @@ namespace {
 constexpr R8 turn = 2 * Pi;
 
 /// What one subtraction of a turn takes from an angle whose neighbours lie at this distance, as long as the
-/// difference has that spacing as well; 0 when it is a tie, whose rounding changes from angle to angle.
+/// difference has that spacing as well. A tie, whose rounding would change from angle to angle, comes only
+/// from 8 to 16, where there is no second step.
 R8 stepOfBinade(R8 spacing) {
     const R8 whole = std::floor(turn / spacing) * spacing;
-    const R8 rest = turn - whole;
-    if (rest * 2 == spacing) return 0;
-    return rest * 2 > spacing ? whole + spacing : whole;
+    return (turn - whole) * 2 > spacing ? whole + spacing : whole;
 }
 
 }  // namespace
@@ -30,9 +29,8 @@ R8 withoutTurns(R8 angle) {
         }
         // Many steps at once are exact while they stay in the binade; the last ones are taken singly, since
         // a difference below the binade is rounded to a finer spacing.
-        if (const R8 step = stepOfBinade(spacing); step > 0) {
-            angle -= std::fmax(0, std::floor((angle - lowest) / step) - 1) * step;
-        }
+        const R8 step = stepOfBinade(spacing);
+        angle -= std::fmax(0, std::floor((angle - lowest) / step) - 1) * step;
         angle -= turn;
     }
     return angle;

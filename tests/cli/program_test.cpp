@@ -27,7 +27,7 @@ TEST(Program, RunsStepsAndPrintsTheirResults) {
         {{"Cls_Date", "Paques(2002)", "HeureEnSeconde(#2002-05-06 12:00:01#)", "SecondeEnHeure(-1)"},
          "2002-03-31\n43201\n0-1:59:59\n"},
         {{"Cls_Date", "DateFRtoUS(\"a\"\"b\")"}, "\"b/a\"/\"b\n"},
-        {{"Cls_Conversion", "IntituleMonnaie=a b, \"c", "IntituleMonnaie"}, "a b, \"c\n"},
+        {{"Cls_Conversion", "IntituleMonnaie=5 b, \"c", "IntituleMonnaie"}, "5 b, \"c\n"},
         {{"Cls_Conversion", "IntituleMonnaie=[1E999..2]", "IntituleMonnaie"}, "[1E999..2]\n"},
         {{"Cls_Conversion", "ConvertirOemAnsi(\"ab\", b=\"xx\")", "b", "IntituleMonnaie=b",
           "IntituleMonnaie"},

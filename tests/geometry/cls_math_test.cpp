@@ -43,7 +43,8 @@ TEST_F(ClsMath, AnglesAreReducedTurnByTurn) {
     for (int exponent = 0; exponent <= 22; ++exponent) {
         for (int i = 0; i < (exponent < 18 ? 100 : 3); ++i)
             expectReducedAsStepwise(std::ldexp(mantissa(random), exponent));
-        expectReducedRound(std::ldexp(1.0, exponent));
+        const R8 power = std::ldexp(1.0, exponent);
+        for (const R8 edge : {power, power + 2 * pi}) expectReducedRound(edge);
     }
     for (int turns = 0; turns < 3000; ++turns) expectReducedRound(pi + turns * 2 * pi);
     expectReducedAsStepwise(1e8);
