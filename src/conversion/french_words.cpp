@@ -97,8 +97,9 @@ class Words {
 
     /// Removes the blanks at both ends of the words from a place on.
     void trimFrom(char16_t* place) {
-        if (end_[-1] == u' ') --end_;
-        if (*place == u' ') end_ = std::copy(place + 1, end_, place);
+        const Word words(place, static_cast<std::size_t>(end_ - place));
+        if (words.ends_with(u' ')) --end_;
+        if (words.starts_with(u' ')) end_ = std::copy(place + 1, end_, place);
     }
 
   private:
@@ -174,7 +175,7 @@ void GroupesEnLettres(Words& words, R8 v) {
         words << zero;
         return;
     }
-    const auto first = words.end();
+    auto* const first = words.end();
     const auto [firstNine, u] = cutDigits(v);
     if (firstNine != 0) {
         groupEnLettres(words, firstNine / 1'000'000, milliard);

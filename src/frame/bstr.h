@@ -42,7 +42,7 @@ class Bstr {
     template <class Write>
     static Bstr written(std::size_t room, Write write) {
         Bstr text;
-        const auto place = text.makePlace(room);
+        auto* const place = text.makePlace(room);
         text.length_ = static_cast<std::uint32_t>(write(place) - place);
         return text;
     }
@@ -79,7 +79,7 @@ class Bstr {
     struct Free {
         void operator()(char16_t* text) const { std::free(text); }
     };
-    std::unique_ptr<char16_t[], Free> long_;
+    std::unique_ptr<char16_t, Free> long_;
     std::uint32_t length_ = 0;
     bool null_ = true;
     /// Not set beyond the length: an empty text costs nothing to make.
