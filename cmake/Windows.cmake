@@ -14,7 +14,7 @@ target_compile_definitions(tovera_logic PUBLIC
 # The road that every call takes is worth its size.
 file(GLOB road CONFIGURE_DEPENDS src/frame/*.cpp src/catalogue/*.cpp src/automation/*.cpp
     src/platform/windows/variants.cpp src/platform/windows/caller_variables.cpp)
-set_source_files_properties(${road} PROPERTIES COMPILE_OPTIONS -O2)
+set_source_files_properties(${road} PROPERTIES COMPILE_OPTIONS -O3)
 
 include(TypeLibrary)
 

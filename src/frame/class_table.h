@@ -123,7 +123,7 @@ ReturnCode invokeByName(std::tuple<Parameters...>*, Object& self, void* instance
             const auto code = runMember<Function>(self, *static_cast<typename S::Class*>(instance), value,
                                                   failure, bound.pass()...);
             (bound.writeBack(convert), ...);
-            if constexpr (!std::is_same_v<typename S::Value, NoResult>) result = Variant(std::move(value));
+            if constexpr (!std::is_same_v<typename S::Value, NoResult>) result = std::move(value);
             return code;
         }(Argument<Parameters>(at(I), convert)...);
     };

@@ -43,6 +43,11 @@ class Variant {
     requires IsAlternativeOf<std::remove_cvref_t<T>, Value>::value Variant(T&& value)
         : value_(std::forward<T>(value)) {}
     Variant(const char16_t* text) : value_(Bstr(text)) {}
+    template <class T>
+    requires IsAlternativeOf<std::remove_cvref_t<T>, Value>::value Variant& operator=(T&& value) {
+        value_ = std::forward<T>(value);
+        return *this;
+    }
 
     /// What stands for an argument that the caller left out.
     static Variant missing() { return missingCode; }
