@@ -145,8 +145,8 @@ std::string plainDigits(R8 v) {
     return digits;
 }
 
-/// The digits of a whole number by their position among twelve. In a longer number these positions are its
-/// first nine digits and its last three.
+/// The digits of a number's whole part by their position among twelve. In a longer number these positions are
+/// its first nine digits and its last three.
 struct Digits {
     unsigned firstNine;
     unsigned lastThree;
@@ -158,7 +158,7 @@ Digits cutDigits(R8 v) {
         const auto number = static_cast<std::int64_t>(v);
         return {static_cast<unsigned>(number / 1000), static_cast<unsigned>(number % 1000)};
     }
-    const auto digits = plainDigits(v);
+    const auto digits = plainDigits(std::floor(v));
     const auto value = [](const std::string& part) { return static_cast<unsigned>(std::stoul(part)); };
     return {value(digits.substr(0, 9)), value(digits.substr(digits.size() - 3))};
 }
@@ -169,9 +169,9 @@ void groupEnLettres(Words& words, unsigned value, const Group& group) {
     words << (value == 1 ? group.one : group.many);
 }
 
-/// The words of a whole number.
+/// The words of a number's whole part.
 void GroupesEnLettres(Words& words, R8 v) {
-    if (v == 0) {
+    if (v < 1) {
         words << zero;
         return;
     }
@@ -218,7 +218,7 @@ Bstr frenchWords(R8 number, const CurrencyLabels* labels) {
     return Bstr::written(roomFor(number, t, d, labels), [&](char16_t* place) {
         Words words(place);
         if (number < 0) words << minus;
-        GroupesEnLettres(words, t);
+        GroupesEnLettres(words, x);
         if (labels) words << blank << labels->main;
         if (labels && t != 0 && t != 1) words << plural;
         if (d != 0) DecimalesEnLettres(words << joint, d, labels);
