@@ -5,9 +5,24 @@ enable_language(RC)
 # the linker drop what nobody calls.
 target_compile_options(tovera_options INTERFACE -mstackrealign -Os -ffunction-sections -fdata-sections)
 
+# The Automation library costs as much to load as all the rest, and an object is made without it.
+set(automation_library ${CMAKE_BINARY_DIR}/liboleaut32_at_first_call.a)
+set(automation_functions ${CMAKE_CURRENT_SOURCE_DIR}/src/platform/windows/oleaut32.def)
+add_custom_command(OUTPUT ${automation_library}
+    COMMAND ${CMAKE_DLLTOOL} --kill-at --temp-prefix oleaut32_at_first_call
+        --input-def ${automation_functions} --output-delaylib ${automation_library}
+    DEPENDS ${automation_functions})
+add_custom_target(automation_library DEPENDS ${automation_library})
+# What a function does before the library is loaded is found through a table only, which keeps nothing alive.
+file(STRINGS ${automation_functions} first_calls REGEX "@")
+list(TRANSFORM first_calls STRIP)
+list(TRANSFORM first_calls PREPEND "LINKER:--undefined,_")
+
 file(GLOB layer CONFIGURE_DEPENDS src/platform/windows/*.cpp)
 add_library(tovera_logic STATIC ${logic} ${layer})
-target_link_libraries(tovera_logic PUBLIC tovera_options ole32 oleaut32 uuid advapi32 gdi32)
+add_dependencies(tovera_logic automation_library)
+target_link_libraries(tovera_logic PUBLIC tovera_options ole32 ${automation_library} uuid advapi32 gdi32)
+target_link_options(tovera_logic INTERFACE ${first_calls})
 target_compile_definitions(tovera_logic PUBLIC
     WIN32_LEAN_AND_MEAN NOMINMAX WINVER=0x0600 _WIN32_WINNT=0x0600)
 
