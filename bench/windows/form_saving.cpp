@@ -41,7 +41,9 @@ double plainWrites() {
     return microseconds() - start;
 }
 
-void run() {
+}  // namespace
+
+void measureFormSaving() {
     LargeForm large;
     const auto object = createFrom(besideThisProgram(L"TOVERA.dll"), __uuidof(Cls_Traduction));
     const auto translation = object.as<_Cls_Traduction>(__uuidof(_Cls_Traduction));
@@ -69,12 +71,4 @@ void run() {
                 timed(save, L"C:\\a\\b\\forme.lng"));
 }
 
-}  // namespace
 }  // namespace tovera::client
-
-int main() {
-    CoInitialize(nullptr);
-    tovera::client::run();
-    CoUninitialize();
-    return 0;
-}

@@ -62,7 +62,9 @@ double freshCreation(const std::wstring& file, REFCLSID classId) {
     return std::atof(answer);
 }
 
-void run() {
+}  // namespace
+
+void measureLateBinding() {
     const auto component = besideThisProgram(L"TOVERA.dll");
     wchar_t system[MAX_PATH]{};
     GetSystemDirectoryW(system, MAX_PATH);
@@ -86,12 +88,4 @@ void run() {
         [&] { return freshCreation(scripting, dictionaryClass); });
 }
 
-}  // namespace
 }  // namespace tovera::client
-
-int main() {
-    CoInitialize(nullptr);
-    tovera::client::run();
-    CoUninitialize();
-    return 0;
-}

@@ -49,4 +49,7 @@ inline Pointer<IDispatch> createFrom(const std::wstring& file, REFCLSID classId)
     return object;
 }
 
+void measureLateBinding();
+void measureFormSaving();
+
 }  // namespace tovera::client
