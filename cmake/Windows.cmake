@@ -21,7 +21,8 @@ list(TRANSFORM first_calls PREPEND "LINKER:--undefined,_")
 file(GLOB layer CONFIGURE_DEPENDS src/platform/windows/*.cpp)
 add_library(tovera_logic STATIC ${logic} ${layer})
 add_dependencies(tovera_logic automation_library)
-target_link_libraries(tovera_logic PUBLIC tovera_options ole32 ${automation_library} uuid advapi32 gdi32)
+# Before ole32, which has some of the same functions, but on newer systems only.
+target_link_libraries(tovera_logic PUBLIC tovera_options ${automation_library} ole32 uuid advapi32 gdi32)
 target_link_options(tovera_logic INTERFACE ${first_calls})
 target_compile_definitions(tovera_logic PUBLIC
     WIN32_LEAN_AND_MEAN NOMINMAX WINVER=0x0600 _WIN32_WINNT=0x0600)
