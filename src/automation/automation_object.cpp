@@ -39,7 +39,7 @@ HRESULT STDMETHODCALLTYPE getTypeInfo(DualInterface* self, UINT index, LCID, ITy
 HRESULT STDMETHODCALLTYPE getIdsOfNames(DualInterface* self, REFIID reserved, LPOLESTR* names, UINT count,
                                         LCID, DISPID* ids) {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-    if (!names || !ids || count == 0) return E_INVALIDARG;
+    if (!names || !ids || count == 0 || !names[0]) return E_INVALIDARG;
     return findNames(self->object->description(), {names, count}, {ids, count});
 }
 
@@ -67,11 +67,11 @@ AutomationObject::AutomationObject(const ShellClass& shellClass)
     : ComponentObject(shellClass.description(), home().services),
       shellClass_(shellClass),
       dual_{shellClass.slots, this} {
-    ModuleState::hold();
+    ModuleState::addObject();
 }
 
 AutomationObject::~AutomationObject() {
-    ModuleState::letGo();
+    ModuleState::removeObject();
 }
 
 STDMETHODIMP AutomationObject::QueryInterface(REFIID interfaceId, void** found) {
@@ -84,7 +84,7 @@ STDMETHODIMP AutomationObject::QueryInterface(REFIID interfaceId, void** found) 
     } else if (interfaceId == IID_IProvideClassInfo) {
         *found = static_cast<IProvideClassInfo*>(this);
     } else if (interfaceId == ownObjectId()) {
-        *found = static_cast<Object*>(this);
+        *found = static_cast<OwnObject*>(this);
     } else {
         *found = nullptr;
         return E_NOINTERFACE;

@@ -35,6 +35,7 @@ std::array<Slot, standardSlots> standardSlotFunctions();
 /// An object of the component as Automation clients reach it.
 class AutomationObject : public ComponentObject,
                          public DispatchSource,
+                         public OwnObject,
                          public ISupportErrorInfo,
                          public IProvideClassInfo {
   public:
@@ -43,6 +44,8 @@ class AutomationObject : public ComponentObject,
     const ShellClass& shellClass() const { return shellClass_; }
     IDispatch* dispatch() noexcept override { return reinterpret_cast<IDispatch*>(&dual_); }
     using ComponentObject::instance;
+
+    Object* ownObject() noexcept override { return this; }
 
     STDMETHODIMP QueryInterface(REFIID interfaceId, void** found) override;
     STDMETHODIMP_(ULONG) AddRef() override;

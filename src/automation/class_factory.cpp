@@ -27,11 +27,8 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID interfaceId, v
 }
 
 STDMETHODIMP ClassFactory::LockServer(BOOL lock) {
-    if (lock) {
-        ModuleState::hold();
-    } else {
-        ModuleState::letGo();
-    }
+    if (!lock) return ModuleState::removeLock() ? S_OK : E_FAIL;
+    ModuleState::addLock();
     return S_OK;
 }
 

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "automation/dispatch_call.h"
+#include "automation/failures.h"
 
 // The slots of a dual interface, one function for each row of the class table, in the calling convention and
 // with the types that the published interface gives it.
@@ -51,8 +52,7 @@ struct SlotParameter {
         if constexpr (std::is_same_v<Type, VARIANT>) {
             return argument;
         } else {
-            VARIANT packed;
-            VariantInit(&packed);
+            VARIANT packed{};
             std::memcpy(&packed.byref, &argument, sizeof argument);
             packed.vt = static_cast<VARTYPE>(Value::tag | (byValue ? 0 : VT_BYREF));
             if constexpr (Traits::mode == Mode::Optional) {
@@ -66,7 +66,8 @@ struct SlotParameter {
     }
 };
 
-/// The function in a slot: the object, the parameters in their order, and the address of the result.
+/// The function in a slot: the object, the parameters in their order, and the address of the result. A call
+/// with a null address doesn't reach the member, and gives the default result like any other that fails.
 template <std::size_t I, class Value, class Parameters>
 struct SlotFunction;
 
@@ -77,7 +78,11 @@ struct SlotFunction<I, Value, std::tuple<Parameters...>> {
     static HRESULT STDMETHODCALLTYPE call(DualInterface* self,
                                           typename SlotParameter<Parameters>::Type... arguments,
                                           typename SlotType<Value>::Type* result) {
-        if (!result || (SlotParameter<Parameters>::isRefused(arguments) || ...)) return E_POINTER;
+        if (!result) return refuseNullAddress();
+        if ((SlotParameter<Parameters>::isRefused(arguments) || ...)) {
+            *result = {};
+            return refuseNullAddress();
+        }
         const std::array<VARIANT, sizeof...(Parameters)> packed{
             SlotParameter<Parameters>::packed(arguments)...};
         return callBySlot(*self->object, I, packed, std::as_writable_bytes(std::span(result, 1)));
@@ -90,7 +95,7 @@ struct SlotFunction<I, NoResult, std::tuple<Parameters...>> {
 
     static HRESULT STDMETHODCALLTYPE call(DualInterface* self,
                                           typename SlotParameter<Parameters>::Type... arguments) {
-        if ((SlotParameter<Parameters>::isRefused(arguments) || ...)) return E_POINTER;
+        if ((SlotParameter<Parameters>::isRefused(arguments) || ...)) return refuseNullAddress();
         const std::array<VARIANT, sizeof...(Parameters)> packed{
             SlotParameter<Parameters>::packed(arguments)...};
         return callBySlot(*self->object, I, packed, {});

@@ -60,6 +60,11 @@ HRESULT reportBySlot(const ErrorRecord& failure, const IID& interfaceId) noexcep
     return statusOf(failure.code);
 }
 
+HRESULT refuseNullAddress() noexcept {
+    SetErrorInfo(0, nullptr);
+    return E_POINTER;
+}
+
 HRESULT reportByName(const ErrorRecord& failure, EXCEPINFO* exception) noexcept {
     if (failure.code == ReturnCode::Success) return S_OK;
     if (const HRESULT status = argumentStatus(failure); status != S_OK) return status;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "automation/failures.h"
 #include "frame/utf8.h"
 
 namespace tovera {
@@ -27,23 +28,37 @@ std::span<const ParameterDescription> parametersOf(const ClassDescription& descr
     return parameters;
 }
 
+/// Each name that isn't known keeps its number; whether all are.
+bool findParameters(std::span<const ParameterDescription> parameters, std::span<LPOLESTR> names,
+                    std::span<DISPID> ids) {
+    bool allKnown = true;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const auto found = std::ranges::find_if(
+            parameters, [&](const auto& parameter) { return sameName(names[i], parameter.name); });
+        if (found == parameters.end()) {
+            allKnown = false;
+        } else {
+            ids[i] = static_cast<DISPID>(found - parameters.begin());
+        }
+    }
+    return allKnown;
+}
+
 }  // namespace
 
-HRESULT findNames(const ClassDescription& description, std::span<LPOLESTR> names, std::span<DISPID> ids) {
+HRESULT findNames(const ClassDescription& description, std::span<LPOLESTR> names,
+                  std::span<DISPID> ids) noexcept {
     std::ranges::fill(ids, DISPID_UNKNOWN);
     const auto slot = description.names.find(viewOf(names[0]));
     if (!slot) return DISP_E_UNKNOWNNAME;
     ids[0] = description.members[*slot].id;
-    bool allKnown = true;
-    const auto parameters =
-        names.size() > 1 ? parametersOf(description, ids[0]) : std::span<const ParameterDescription>();
-    for (std::size_t i = 1; i < names.size(); ++i) {
-        const auto found = std::ranges::find_if(
-            parameters, [&](const auto& parameter) { return sameName(names[i], parameter.name); });
-        if (found != parameters.end()) ids[i] = static_cast<DISPID>(found - parameters.begin());
-        allKnown = allKnown && ids[i] != DISPID_UNKNOWN;
+    if (names.size() == 1) return S_OK;
+    try {
+        const auto parameters = parametersOf(description, ids[0]);
+        return findParameters(parameters, names.subspan(1), ids.subspan(1)) ? S_OK : DISP_E_UNKNOWNNAME;
+    } catch (...) {
+        return statusOfCurrentException();
     }
-    return allKnown ? S_OK : DISP_E_UNKNOWNNAME;
 }
 
 }  // namespace tovera

@@ -5,6 +5,6 @@
 namespace tovera {
 
 /// The description of an interface or class in the embedded type library, which is loaded for nothing else.
-HRESULT findTypeInfo(const GUID& id, ITypeInfo** found);
+HRESULT findTypeInfo(const GUID& id, ITypeInfo** found) noexcept;
 
 }  // namespace tovera

@@ -20,11 +20,9 @@ Bstr elementText(BSTR element) {
 }
 
 Bstr elementText(const VARIANT& element) {
-    const auto value = valueOf(element);
-    if (value.is<Empty>()) return {};
-    const auto* const text = value.as<Bstr>();
-    if (!text) raise(ErrorNumber::TypeMismatch);
-    return *text;
+    if (element.vt == VT_EMPTY) return {};
+    if (element.vt != VT_BSTR) raise(ErrorNumber::TypeMismatch);
+    return textOf(element.bstrVal);
 }
 
 template <class Element>
@@ -54,7 +52,7 @@ StringArray arrayOf(SAFEARRAY* array, VARTYPE elements) {
     if (array->cDims != 1 || array->cbElements != size) raise(ErrorNumber::TypeMismatch);
     auto texts = elements == VT_BSTR ? textsOf<BSTR>(*array) : textsOf<VARIANT>(*array);
     auto converted = StringArray::of(std::move(texts), array->rgsabound[0].lLbound);
-    const bool isFixed = (array->fFeatures & (FADF_FIXEDSIZE | FADF_STATIC)) != 0;
+    const bool isFixed = (array->fFeatures & (FADF_FIXEDSIZE | FADF_STATIC | FADF_AUTO | FADF_EMBEDDED)) != 0;
     return isFixed ? std::move(converted).fixed() : converted;
 }
 
@@ -73,7 +71,7 @@ SAFEARRAY* makeArray(const StringArray& array, VARTYPE elements) {
 }
 
 bool sameBounds(const SAFEARRAY& a, const SAFEARRAY& b) {
-    return a.cDims == b.cDims && a.cbElements == b.cbElements &&
+    return a.pvData && b.pvData && a.cDims == b.cDims && a.cbElements == b.cbElements &&
            a.rgsabound[0].cElements == b.rgsabound[0].cElements &&
            a.rgsabound[0].lLbound == b.rgsabound[0].lLbound;
 }

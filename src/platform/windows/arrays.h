@@ -13,7 +13,7 @@ StringArray arrayOf(SAFEARRAY* array, VARTYPE elements);
 /// A new array with such elements, null for one that hasn't been dimensioned.
 SAFEARRAY* makeArray(const StringArray& array, VARTYPE elements);
 
-/// Whether both have the same bounds, so that one can take over the elements of the other.
+/// Whether both have elements within the same bounds, so that one can take over those of the other.
 bool sameBounds(const SAFEARRAY& a, const SAFEARRAY& b);
 void swapElements(SAFEARRAY& a, SAFEARRAY& b) noexcept;
 

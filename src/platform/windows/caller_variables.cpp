@@ -33,20 +33,24 @@ bool isArray(const VARIANT& variant) {
 /// An array in a `VARIANT` is a variable of its own, so that the type of its elements stays: scripts make
 /// arrays of `VARIANT`s, and reach the elements of no others.
 VARIANT arrayIn(VARIANT& variant) {
-    VARIANT reference;
-    VariantInit(&reference);
+    VARIANT reference{};
     reference.vt = static_cast<VARTYPE>(VT_BYREF | variant.vt);
     reference.pparray = &variant.parray;
     return reference;
+}
+
+SystemVariant arrayValue(const StringArray& array, VARTYPE tag) {
+    SystemVariant made;
+    made.get().parray = makeArray(array, tag & VT_TYPEMASK);
+    made.get().vt = tag;
+    return made;
 }
 
 /// The array that a variable is to hold; one that is locked keeps its bounds.
 SystemVariant arrayFor(void* address, VARTYPE tag, const Variant& value) {
     const auto* const array = value.as<StringArray>();
     if (!array) raise(ErrorNumber::TypeMismatch);
-    SystemVariant made;
-    made.get().parray = makeArray(*array, tag & VT_TYPEMASK);
-    made.get().vt = tag;
+    SystemVariant made = arrayValue(*array, tag);
     const SAFEARRAY* const held = arrayAt(address);
     const bool keepsBounds = held && made.get().parray && sameBounds(*held, *made.get().parray);
     if (held && held->cLocks > 0 && !keepsBounds) raise(ErrorNumber::ArrayFixed);
@@ -56,6 +60,8 @@ SystemVariant arrayFor(void* address, VARTYPE tag, const Variant& value) {
 /// What the variable is to hold, in its own type.
 SystemVariant valueFor(void* address, VARTYPE tag, const Variant& value) {
     if (tag & VT_ARRAY) return arrayFor(address, tag, value);
+    // A variable that held none becomes an array as scripts have them.
+    if (const auto* const array = value.as<StringArray>()) return arrayValue(*array, VT_ARRAY | VT_VARIANT);
     SystemVariant made(value);
     if (tag == VT_VARIANT || made.get().vt == tag) return made;
     return made.as(tag);

@@ -20,8 +20,6 @@ class CallerVariables {
     }
 
   private:
-    static constexpr int longestChain = 16;
-
     struct Variable {
         void* address;
         VARTYPE tag;

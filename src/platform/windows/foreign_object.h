@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/windows/com_pointer.h"
 #include "platform/windows/object_bridge.h"
 
 namespace tovera {

@@ -1,9 +1,22 @@
 #include "platform/windows/object_bridge.h"
 
-#include "platform/windows/com_pointer.h"
 #include "platform/windows/foreign_object.h"
+#include "platform/windows/module.h"
 
 namespace tovera {
+namespace {
+
+/// Whether the functions of an interface are of this file. There are objects that say yes to any identifier.
+bool isOfThisFile(IUnknown* any) {
+    const auto* const functions = *reinterpret_cast<const wchar_t* const*>(any);
+    HMODULE file = nullptr;
+    return GetModuleHandleExW(
+               GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+               functions, &file) &&
+           file == ownModule();
+}
+
+}  // namespace
 
 const IID& ownObjectId() {
     static const char place = 0;
@@ -17,10 +30,10 @@ const IID& ownObjectId() {
 
 ObjectRef objectOf(IUnknown* unknown) {
     if (!unknown) return {};
-    void* own = nullptr;
-    if (SUCCEEDED(unknown->QueryInterface(ownObjectId(), &own)))
-        return ObjectRef::adopt(static_cast<Object*>(own));
-    auto dispatch = ComPointer<IUnknown>(unknown).as<IDispatch>(IID_IDispatch);
+    const ComPointer<IUnknown> given(unknown);
+    const auto own = given.as<OwnObject>(ownObjectId());
+    if (own && isOfThisFile(own.get())) return ObjectRef(own->ownObject());
+    auto dispatch = given.as<IDispatch>(IID_IDispatch);
     if (!dispatch) raise(ErrorNumber::TypeMismatch);
     return makeObject<ForeignObject>(std::move(dispatch));
 }

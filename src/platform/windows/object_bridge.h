@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/object.h"
-#include "platform/windows/system.h"
+#include "platform/windows/com_pointer.h"
 
 // Objects cross the border in both directions with their identity kept: one of the component's own comes
 // back as itself, and a foreign one goes out again as itself.
@@ -16,7 +16,11 @@ class DispatchSource {
     ~DispatchSource() = default;
 };
 
-/// What an object of this very copy of the component answers with its `Object`. No other object knows it.
+/// The interface of objects of this very copy of the component alone, by `ownObjectId`: it leads to the
+/// object of the frame.
+struct OwnObject : IUnknown {
+    virtual Object* ownObject() noexcept = 0;
+};
 const IID& ownObjectId();
 
 /// The object behind an interface: nothing for nothing, error 13 for one that isn't late-bound.

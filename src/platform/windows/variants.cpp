@@ -101,9 +101,10 @@ Bstr textOf(BSTR text) {
     return std::u16string(reinterpret_cast<const char16_t*>(text), SysStringLen(text));
 }
 
-Variant valueOf(const VARIANT& variant) {
+Variant valueOf(const VARIANT& variant, int chain) {
     if (!(variant.vt & VT_BYREF)) return ownValueOf(variant);
-    if (variant.vt == (VT_BYREF | VT_VARIANT)) return valueOf(*variant.pvarVal);
+    if (!variant.byref || chain == 0) raise(ErrorNumber::TypeMismatch);
+    if (variant.vt == (VT_BYREF | VT_VARIANT)) return valueOf(*variant.pvarVal, chain - 1);
     VARIANT copy{};
     const auto tag = static_cast<VARTYPE>(variant.vt & ~VT_BYREF);
     if (sizeOf(tag) == 0) raise(ErrorNumber::TypeMismatch);

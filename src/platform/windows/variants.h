@@ -10,9 +10,13 @@ namespace tovera {
 BSTR allocateText(const Bstr& text);
 Bstr textOf(BSTR text);
 
+/// How many references may stand behind each other; there are chains that bite their own tail.
+inline constexpr int longestChain = 16;
+
 /// The value in a `VARIANT`, or behind it when it refers to a variable. A type that the frame hasn't got
-/// comes as the number that holds it, and one that is no number raises error 13.
-Variant valueOf(const VARIANT& variant);
+/// comes as the number that holds it. One that is no number and a reference that leads nowhere raise
+/// error 13.
+Variant valueOf(const VARIANT& variant, int chain = longestChain);
 
 /// A `VARIANT` that frees what it holds. One that holds a plain number costs no call of the system.
 class SystemVariant {
@@ -32,7 +36,7 @@ class SystemVariant {
 
   private:
     void clear() {
-        const bool isPlain = variant_.vt < VT_BSTR && variant_.vt != VT_CY;
+        const bool isPlain = variant_.vt < VT_BSTR;
         if (!isPlain) VariantClear(&variant_);
     }
 

@@ -30,6 +30,8 @@ TEST_F(ByName, NamesOfMembersAndParameters) {
     EXPECT_EQ(dates->GetIDsOfNames(IID_NULL, names, 2, 0, ids), S_OK);
     EXPECT_EQ(dates->GetIDsOfNames(IID_NULL, names + 2, 1, 0, ids), DISP_E_UNKNOWNNAME);
     EXPECT_EQ(ids[0], DISPID_UNKNOWN);
+    names[0] = nullptr;
+    EXPECT_EQ(dates->GetIDsOfNames(IID_NULL, names, 1, 0, ids), E_INVALIDARG);
 }
 
 TEST_F(ByName, ArgumentsOfOtherTypesAreConverted) {
@@ -75,6 +77,9 @@ TEST_F(ByName, ArraysOfTexts) {
     SAFEARRAY* none = nullptr;
     SAFEARRAY* integers = SafeArrayCreateVector(VT_I4, 0, 9);
     SAFEARRAY* texts = SafeArrayCreateVector(VT_BSTR, 0, 9);
+    SAFEARRAY* unfilled = nullptr;  // has the bounds that it is to get, and no elements
+    SafeArrayAllocDescriptorEx(VT_BSTR, 1, &unfilled);
+    unfilled->rgsabound[0] = {1, 1};
     Value held = Value::reference(VT_ARRAY | VT_BSTR, &texts);
     const auto load = [&](const Value& argument) {
         return invoke(translation.get(), L"Charger_TousLesMessages", {L"C:\\aucun.lng", argument}).status;
@@ -88,9 +93,11 @@ TEST_F(ByName, ArraysOfTexts) {
     EXPECT_EQ(upper(none), 1) << "one without bounds gets them";
     EXPECT_EQ(load(held.referred(VT_VARIANT)), S_OK);
     EXPECT_EQ(upper(texts), 1);
+    EXPECT_EQ(load(Value::reference(VT_ARRAY | VT_BSTR, &unfilled)), S_OK);
+    EXPECT_NE(unfilled->pvData, nullptr);
     EXPECT_EQ(load(Value::reference(VT_ARRAY | VT_I4, &integers)), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(upper(integers), 8);
-    for (auto* array : {none, texts, integers}) SafeArrayDestroy(array);
+    for (auto* array : {none, texts, unfilled, integers}) SafeArrayDestroy(array);
 }
 
 TEST_F(ByName, NamedArgumentsCountsAndKinds) {

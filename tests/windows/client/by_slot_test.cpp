@@ -51,10 +51,16 @@ TEST_F(BySlot, FailuresLeaveDefaultsAndARecord) {
 
 TEST_F(BySlot, NullAddressesAreRefusedAndNullTextsAreEmpty) {
     Value text;
+    BSTR words = nullptr;
     EXPECT_EQ(dates->Chrono(1, 2, nullptr), E_POINTER);
     EXPECT_EQ(dates->Paques(nullptr, &date), E_POINTER);
     EXPECT_EQ(conversion->put_IntituleMonnaie(nullptr), E_POINTER);
-    EXPECT_EQ(conversion->ConvertirNombreEnLettre(&number, nullptr, text.textOut()), E_POINTER);
+    EXPECT_EQ(conversion->ConvertirNombreEnLettre(&number, &isAmount, &words) & 0xFFFF, 9);
+    words = reinterpret_cast<BSTR>(1);
+    EXPECT_EQ(conversion->ConvertirNombreEnLettre(&number, nullptr, &words), E_POINTER);
+    EXPECT_EQ(words, nullptr);
+    Pointer<IErrorInfo> record;
+    EXPECT_EQ(GetErrorInfo(0, record.out()), S_FALSE) << "none of an earlier failure";
     Value none = Value::of(VT_BSTR);
     EXPECT_EQ(conversion->Ctrl_SaiseNombre(none.textAddress(), text.textOut()), S_OK);
     EXPECT_EQ(text, Value(L""));

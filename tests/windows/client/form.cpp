@@ -29,9 +29,10 @@ STDMETHODIMP Form::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parame
         result->vt = VT_UNKNOWN;
         return QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&result->punkVal));
     }
-    auto& text = std::next(members_.begin(), id - 1)->second;
+    auto& text = std::next(members_.begin(), id == DISPID_VALUE ? 0 : id - 1)->second;
     if (kind & DISPATCH_PROPERTYPUT) return text = parameters->rgvarg[0].bstrVal, S_OK;
     if (text == raising) return exception->wCode = 343, DISP_E_EXCEPTION;
+    if (text == nowhere) return result->vt = VT_BYREF | VT_VARIANT, S_OK;
     result->vt = VT_BSTR;
     result->bstrVal = SysAllocString(text.c_str());
     return S_OK;

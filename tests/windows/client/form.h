@@ -8,7 +8,7 @@
 namespace tovera::client {
 
 /// A form or a control as an application hands it in: text members, which are found by name, and for a form
-/// its controls, which it enumerates, once at a time.
+/// its controls, which it enumerates, once at a time. The first member stands for the object.
 class Form : public IDispatch, public IEnumVARIANT {
   public:
     using Members = std::map<std::wstring, std::wstring>;
@@ -19,6 +19,8 @@ class Form : public IDispatch, public IEnumVARIANT {
 
     /// The text of a member that raises an exception when it is read, as `Index` does outside an array.
     static constexpr const wchar_t* raising = L"\uFFFF";
+    /// The text of a member that gives a reference to nowhere.
+    static constexpr const wchar_t* nowhere = L"\uFFFE";
 
     IDispatch* dispatch() { return this; }
     std::wstring text(const std::wstring& member) const { return members_.at(member); }

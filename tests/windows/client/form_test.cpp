@@ -6,10 +6,20 @@
 namespace tovera::client {
 namespace {
 
+/// A control that says yes to any identifier of an interface.
+struct Agreeing : Form {
+    using Form::Form;
+    STDMETHODIMP QueryInterface(REFIID, void** found) override {
+        *found = dispatch();
+        return AddRef(), S_OK;
+    }
+};
+
 TEST(Forms, TextsAreSavedAndLoaded) {
-    Form title({{L"name", L"Titre"}, {L"Index", Form::raising}, {L"Caption", L"Bonjour"}});
+    Form title(
+        {{L"name", L"Titre"}, {L"Index", Form::raising}, {L"Caption", L"Bonjour"}, {L"Text", Form::nowhere}});
     Form choice({{L"name", L"Choix"}, {L"Index", L"1"}, {L"Caption", L"Été"}});
-    Form timer(Form::Members{{L"name", L"Horloge"}});
+    Agreeing timer(Form::Members{{L"name", L"Horloge"}});
     Form form({{L"name", L"Principal"}, {L"Caption", L"Fenêtre"}}, {&title, &choice, &timer});
     const wchar_t* const file = L"C:\\forme.lng";
     {
@@ -32,7 +42,8 @@ TEST(Forms, TextsAreSavedAndLoaded) {
     EXPECT_EQ(choice.text(L"Caption"), L"Summer");
     EXPECT_EQ(form.text(L"Caption"), L"");
     EXPECT_EQ(title.text(L"Caption"), L"Bonjour");
-    for (const auto* object : {&form, &title, &choice, &timer}) EXPECT_EQ(object->references(), 0U);
+    for (const Form* object : {&form, &title, &choice, static_cast<Form*>(&timer)})
+        EXPECT_EQ(object->references(), 0U);
 }
 
 }  // namespace

@@ -86,11 +86,12 @@ TEST_F(ObjectRules, ClassFactoriesRefuseWhatTheyHaveNot) {
 
 TEST_F(ObjectRules, UnloadingWaitsForObjectsAndLocks) {
     auto conversion = component.create<Cls_Conversion, _Cls_Conversion>();
+    const auto factory = component.factory(__uuidof(Cls_Date));
     dates.Reset();
+    EXPECT_EQ(factory->LockServer(FALSE), E_FAIL) << "there is none";
     EXPECT_FALSE(component.canUnloadNow());
     conversion.Reset();
     EXPECT_TRUE(component.canUnloadNow());
-    const auto factory = component.factory(__uuidof(Cls_Date));
     for (const BOOL lock : {TRUE, TRUE, FALSE}) factory->LockServer(lock);
     EXPECT_FALSE(component.canUnloadNow());
     factory->LockServer(FALSE);

@@ -81,6 +81,9 @@ ReDim messages(9)
 translation.Charger_TousLesMessages file, messages
 Check "Charger_TousLesMessages", UBound(messages), CLng(4)
 Check "what Sauver_TousLesMessages wrote", messages(2), "été"
+messages = Empty
+translation.Charger_TousLesMessages file, messages
+Check "a variable that becomes an array", messages(2), "été"
 Check "RenommerFichier", registry.RenommerFichier(file, folder & "\autre.lng"), True
 disk.DeleteFolder folder
 
@@ -101,4 +104,4 @@ result = dates.Chrono(1)
 CheckError "an argument too few", 450, ""
 translation.Charger_TousLesMessages file, fixed
 CheckError "an array of fixed size", 10, "Tableau fixe ou momentanément verrouillé"
-Finish 59
+Finish 60
