@@ -63,6 +63,8 @@ struct MemberCall {
     /// has changed hold their new values afterwards, after a failure as well.
     void run(AutomationObject& object, const MemberDescription& member,
              std::span<const VARIANT* const> given) noexcept {
+        // An argument's object runs code of its own while it is looked at, and that may drop this one.
+        const KeptAlive held(object);
         try {
             CallerVariables variables;
             ArgumentList arguments;

@@ -13,8 +13,8 @@ namespace {
 constexpr std::array<std::string_view, 3> texts{"Caption", "Text", "ToolTipText"};
 
 // Member identifiers: the name, the three texts, then the other properties in file order.
-constexpr MemberId nameId = 0;
-constexpr MemberId firstTextId = 1;
+constexpr MemberId nameId = defaultMember + 1;
+constexpr MemberId firstTextId = nameId + 1;
 constexpr MemberId firstPropertyId = firstTextId + static_cast<MemberId>(texts.size());
 
 /// {FCFB3D25-A0FA-1068-A738-08002B3371B5}, the interface that every control of a form has.

@@ -27,6 +27,16 @@ bool sameWord(std::u16string_view a, std::u16string_view lower) {
     return true;
 }
 
+/// What an object stands for. One that tells nothing, or another object, stands for no value.
+Variant defaultValueOf(const ObjectRef& object) {
+    Variant result;
+    ErrorRecord failure;
+    if (!object) mismatch();
+    const auto code = object->invoke(defaultMember, CallKind::Method | CallKind::Read, {}, result, failure);
+    if (code != ReturnCode::Success || result.is<ObjectRef>()) mismatch();
+    return result;
+}
+
 }  // namespace
 
 R8 Conversions::number(const Variant& value) const {
@@ -102,6 +112,7 @@ template <class T>
 T Conversions::to(const Variant& value) const {
     if (const auto* exact = value.as<T>()) return *exact;
     if (value.is<Reference>()) return to<T>(dereferenced(value));
+    if (const auto* object = value.as<ObjectRef>()) return to<T>(defaultValueOf(*object));
     if constexpr (std::is_integral_v<T>) {
         return integer<T>(value);
     } else if constexpr (std::is_same_v<T, R8>) {

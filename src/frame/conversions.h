@@ -6,7 +6,8 @@
 namespace tovera {
 
 /// Converts values to the types that members declare. What can't be converted raises error 13, a number out
-/// of range 6, Null 94. Text is read and written by the user's regional settings. References are followed.
+/// of range 6, Null 94. Text is read and written by the user's regional settings. References are followed,
+/// and an object stands for the value of its default member.
 class Conversions {
   public:
     explicit Conversions(Services& services) : services_(&services) {}

@@ -42,6 +42,9 @@ class Enumerator {
 
 using MemberId = I4;
 
+/// What an object stands for where a plain value is needed, as the text of a control or the value of a cell.
+inline constexpr MemberId defaultMember = 0;
+
 /// An object whose members are reached by name at run time: the portable form of `IDispatch`, which hosts
 /// implement for the objects that they hand in, forms above all.
 class Object {

@@ -91,7 +91,8 @@ class Bound {
     T copy_{};
 };
 
-/// The same, where the converted copy goes back to the variable when the member has changed it.
+/// The same, where the converted copy goes back to the variable when the member has changed it. A variable
+/// that holds an object keeps it.
 template <class T>
 class WritableBound : public Bound<T> {
   public:
@@ -100,6 +101,7 @@ class WritableBound : public Bound<T> {
 
     void writeBack(const Conversions& convert) {
         if (this->variable_ || this->copy_ == before_) return;
+        if (dereferenced(this->argument_).template is<ObjectRef>()) return;
         convert.store(Reference(&this->argument_), Variant(std::move(this->copy_)));
     }
 
@@ -107,8 +109,13 @@ class WritableBound : public Bound<T> {
     T before_;
 };
 
+/// Whether the caller has left an argument out, or passes on a variable that stands for one left out.
+inline bool isLeftOut(Variant* argument) {
+    return !argument || endOfReferences(*argument).isMissing();
+}
+
 inline Variant& required(Variant* argument) {
-    if (!argument || argument->isMissing()) raise(ErrorNumber::ArgumentNotOptional);
+    if (isLeftOut(argument)) raise(ErrorNumber::ArgumentNotOptional);
     return *argument;
 }
 
@@ -157,7 +164,7 @@ template <class T>
 class Argument<Optional<T>> {
   public:
     Argument(Variant* argument, const Conversions& convert) {
-        if (argument && !argument->isMissing()) bound_.emplace(*argument, convert);
+        if (!isLeftOut(argument)) bound_.emplace(*argument, convert);
     }
     Optional<T> pass() { return bound_ ? Optional<T>(bound_->variable()) : Optional<T>(); }
     void writeBack(const Conversions& convert) {

@@ -5,6 +5,21 @@
 namespace tovera::testing {
 namespace {
 
+/// An object that stands for a value, as a cell of a table does.
+class Cell : public Counted<> {
+  public:
+    explicit Cell(Variant value) : value_(std::move(value)) {}
+    std::optional<MemberId> memberNamed(std::u16string_view) override { return {}; }
+    ReturnCode invoke(MemberId member, CallKind, std::span<Variant>, Variant& result,
+                      ErrorRecord&) noexcept override {
+        if (member == defaultMember) result = value_;
+        return member == defaultMember ? ReturnCode::Success : codeOf(438);
+    }
+
+  private:
+    Variant value_;
+};
+
 class CallByName : public ::testing::Test {
   protected:
     ~CallByName() override {
@@ -34,12 +49,17 @@ class CallByName : public ::testing::Test {
 };
 
 TEST_F(CallByName, NamesArgumentsAndKinds) {
+    const auto three = makeObject<Cell>(I2{3});
+    Variant leftOut = Variant::missing();
     const NamedCall calls[] = {
         // clang-format off
         gives(I2{7}, u"sOMME", I2{3}, I2{4}), gives(I2{7}, u"Somme", u" 3", R8{4.5}),
         gives(I2{32766}, u"Somme", I4{32767}, True), fails(6, u"Somme", I2{32767}, I2{1}),
         fails(6, u"Somme", I4{40000}, I2{1}), fails(94, u"Somme", Null{}, I2{1}),
         fails(13, u"Somme", u"trois", I2{1}), fails(13, u"Somme", ObjectRef{}, I2{1}),
+        gives(I2{7}, u"Somme", three, I2{4}), fails(13, u"Somme", makeObject<Cell>(three), I2{1}),
+        fails(13, u"Somme", newProbe(), I2{1}), fails(449, u"Somme", Reference{&leftOut}, I2{1}),
+        gives(u"a", u"Relier", u"a", Reference{&leftOut}, True), gives(u"3.", u"Relier", three),
         fails(449, u"Somme", I2{3}), fails(449, u"Somme", Variant::missing(), I2{1}),
         fails(450, u"Somme", I2{1}, I2{2}, I2{3}), gives(u"a.", u"Relier", u"a"),
         gives(u"ab.", u"Relier", u"a", u"b"), gives(u"a", u"Relier", u"a", Variant::missing(), True),
@@ -62,6 +82,7 @@ TEST_F(CallByName, NamesArgumentsAndKinds) {
 }
 
 TEST_F(CallByName, ByReference) {
+    const Variant cell(makeObject<Cell>(I2{3}));
     const struct {
         Variant before, after;
         I4 error = 0;
@@ -69,6 +90,7 @@ TEST_F(CallByName, ByReference) {
         // clang-format off
         {I4{21}, I4{42}}, {I2{21}, I4{42}}, {R8{2.5}, I4{4}}, {u"21", I4{42}}, {UI1{200}, I4{400}},
         {u"0", u"0"}, {Variant{}, Variant{}},  // what stays as it was keeps its type
+        {cell, cell},
         {I4{0x40000000}, I4{0x40000000}, 6}, {u"x", u"x", 13}, {Null{}, Null{}, 94}, {R8{1e10}, R8{1e10}, 6},
         // clang-format on
     };

@@ -1,4 +1,7 @@
+#include <functional>
+
 #include "boxes/box_recorder.h"
+#include "client/form.h"
 #include "client/invocation.h"
 
 // Memory and references over many calls, and an object that loses its last reference during a call.
@@ -77,6 +80,31 @@ TEST(Lifetime, LastReferenceDroppedDuringACall) {
     EXPECT_EQ(boxes.shown().size(), 1U);
     EXPECT_TRUE(aliveDuringCall);
     EXPECT_EQ(cleaned, Value(L""));
+    EXPECT_TRUE(component.canUnloadNow());
+}
+
+/// An argument that runs code of its client while it is looked at.
+struct Watched : Form {
+    using Form::Form;
+    std::function<void()> lookedAt;
+    STDMETHODIMP QueryInterface(REFIID interfaceId, void** found) override {
+        lookedAt();
+        return Form::QueryInterface(interfaceId, found);
+    }
+};
+
+TEST(Lifetime, LastReferenceDroppedWhileAnArgumentIsLookedAt) {
+    const auto& component = Component::loaded();
+    auto dates = component.create<Cls_Date, IDispatch>();
+    Watched object(Form::Members{{L"Text", L"12"}});
+    bool aliveDuringCall = true;
+    object.lookedAt = [&] {
+        dates.Reset();
+        aliveDuringCall = aliveDuringCall && !component.canUnloadNow();
+    };
+    IDispatch* argument = object.dispatch();
+    expectResult(dates.get(), L"SecondeEnHeure", {Value::reference(VT_DISPATCH, &argument)}, L"00:00:12");
+    EXPECT_TRUE(aliveDuringCall);
     EXPECT_TRUE(component.canUnloadNow());
 }
 
