@@ -42,6 +42,23 @@ constexpr std::array descriptions{
     Description{ErrorNumber::EntryPointNotFound, u"Point d'entrée introuvable dans la bibliothèque"},
 };
 
+ErrorRecord recordOf(const AutomationError& error) noexcept {
+    ErrorRecord record{error.code(), {}, {}};
+    try {
+        record.description = error.description();
+        record.source = error.source();
+    } catch (const std::bad_alloc&) {
+        // The number stands alone.
+    }
+    return record;
+}
+
+/// For the numbers whose descriptions are short enough to need no memory.
+ErrorRecord recordOf(ErrorNumber number) noexcept {
+    const auto code = static_cast<I4>(number);
+    return {codeOf(code), descriptionOf(code), {}};
+}
+
 }  // namespace
 
 std::u16string_view descriptionOf(I4 number) {
@@ -67,13 +84,11 @@ ErrorRecord recordOfCurrentException() noexcept {
     try {
         throw;
     } catch (const AutomationError& error) {
-        return {error.code(), error.description(), error.source()};
+        return recordOf(error);
     } catch (const std::bad_alloc&) {
-        return {codeOf(static_cast<I4>(ErrorNumber::OutOfMemory)), {}, {}};
+        return recordOf(ErrorNumber::OutOfMemory);
     } catch (...) {
-        return {codeOf(static_cast<I4>(ErrorNumber::InternalError)),
-                descriptionOf(static_cast<I4>(ErrorNumber::InternalError)),
-                {}};
+        return recordOf(ErrorNumber::InternalError);
     }
 }
 
