@@ -20,30 +20,39 @@ RegistryChanges::~RegistryChanges() {
 }
 
 LSTATUS RegistryChanges::write(const RegistryEntry& entry) {
-    undo_.push_back({entry, false, REG_NONE, {}, false});
-    auto& undo = undo_.back();
+    auto& undo = undo_.emplace_back(Undo{entry, false, false, {}});
     const auto key = RegistryKey::create(root_, entry.key, KEY_READ | KEY_WRITE);
     if (!key) return key.status();
     undo.keyMade = key.isNew();
     if (!entry.text) return ERROR_SUCCESS;
-    DWORD size = 0;
-    const LSTATUS status =
-        RegQueryValueExW(key.get(), entry.name.c_str(), nullptr, &undo.type, nullptr, &size);
-    undo.data.resize(size);
-    undo.hadData =
-        status == ERROR_SUCCESS && RegQueryValueExW(key.get(), entry.name.c_str(), nullptr, &undo.type,
-                                                    undo.data.data(), &size) == ERROR_SUCCESS;
+    if (const LSTATUS status = read(key.get(), entry.name, undo.before); status != ERROR_SUCCESS)
+        return status;
+    undo.textWritten = true;
     return setText(key.get(), entry);
+}
+
+/// A name that isn't there is no failure.
+LSTATUS RegistryChanges::read(HKEY key, const std::wstring& name, std::optional<Held>& found) {
+    Held held;
+    DWORD size = 0;
+    LSTATUS status = RegQueryValueExW(key, name.c_str(), nullptr, &held.type, nullptr, &size);
+    if (status == ERROR_FILE_NOT_FOUND) return ERROR_SUCCESS;
+    held.data.resize(size);
+    if (status == ERROR_SUCCESS)
+        status = RegQueryValueExW(key, name.c_str(), nullptr, &held.type, held.data.data(), &size);
+    if (status == ERROR_SUCCESS) found = std::move(held);
+    return status;
 }
 
 void RegistryChanges::takeBack(const Undo& undo) const {
     const auto key = RegistryKey::open(root_, undo.entry.key, KEY_READ | KEY_WRITE);
     if (!key) return;
-    if (undo.hadData) {
-        RegSetValueExW(key.get(), undo.entry.name.c_str(), 0, undo.type, undo.data.data(),
-                       static_cast<DWORD>(undo.data.size()));
-    } else if (undo.entry.text) {
-        RegDeleteValueW(key.get(), undo.entry.name.c_str());
+    const auto* const name = undo.entry.name.c_str();
+    if (undo.textWritten && undo.before) {
+        RegSetValueExW(key.get(), name, 0, undo.before->type, undo.before->data.data(),
+                       static_cast<DWORD>(undo.before->data.size()));
+    } else if (undo.textWritten) {
+        RegDeleteValueW(key.get(), name);
     }
     if (undo.keyMade && key.isEmpty()) RegDeleteKeyW(root_, undo.entry.key.c_str());
 }

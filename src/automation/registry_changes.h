@@ -20,13 +20,18 @@ class RegistryChanges {
     void keep() { undo_.clear(); }
 
   private:
+    /// What stood under a name, of whatever type.
+    struct Held {
+        DWORD type = REG_NONE;
+        std::vector<BYTE> data;
+    };
     struct Undo {
         RegistryEntry entry;
-        bool keyMade;
-        DWORD type;
-        std::vector<BYTE> data;
-        bool hadData;
+        bool keyMade = false;
+        bool textWritten = false;
+        std::optional<Held> before;
     };
+    static LSTATUS read(HKEY key, const std::wstring& name, std::optional<Held>& found);
     void takeBack(const Undo& undo) const;
 
     HKEY root_;
