@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 #include "frame/last_error.h"
 #include "platform/windows/system.h"
 
@@ -23,9 +25,12 @@ class EntryPoint<R __stdcall(Arguments...)> {
     constexpr EntryPoint(const wchar_t* library, const char* name) : library_(library), name_(name) {}
 
     R operator()(Arguments... arguments) {
-        if (!bound_)
-            bound_ = reinterpret_cast<Bound>(reinterpret_cast<void*>(findEntryPoint(library_, name_)));
-        const R result = bound_(arguments...);
+        auto function = bound_.load(std::memory_order_relaxed);
+        if (!function) {
+            function = reinterpret_cast<Bound>(reinterpret_cast<void*>(findEntryPoint(library_, name_)));
+            bound_.store(function, std::memory_order_relaxed);
+        }
+        const R result = function(arguments...);
         lastError() = static_cast<I4>(GetLastError());
         return result;
     }
@@ -35,7 +40,7 @@ class EntryPoint<R __stdcall(Arguments...)> {
 
     const wchar_t* library_;
     const char* name_;
-    Bound bound_ = nullptr;
+    std::atomic<Bound> bound_ = nullptr;  // objects of several threads may be the first to call
 };
 
 }  // namespace tovera
