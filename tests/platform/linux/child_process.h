@@ -1,57 +1,42 @@
 #pragma once
 
-#include <memory>
+#include <algorithm>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <utility>
 #include <vector>
 
 namespace tovera::testing {
 
-/// A process that runs a function and ends with its result, without what the test has set up for its end.
-class ChildProcess {
-  public:
-    template <class Work>
-    explicit ChildProcess(Work&& work) : id_(fork()) {
-        if (id_ == 0) _exit(std::forward<Work>(work)());
-    }
-    ChildProcess(const ChildProcess&) = delete;
-    ChildProcess& operator=(const ChildProcess&) = delete;
-    ~ChildProcess() {
-        if (id_ > 0) ::kill(id_, SIGKILL);
-        if (id_ > 0) wait();
-    }
+/// Starts work in a process that ends with its result, without what the test has set up for its end.
+template <class Work>
+pid_t start(Work&& work) {
+    const auto process = fork();
+    if (process == 0) _exit(work());
+    return process;
+}
 
-    /// What the function gave, or -1 for a process that was killed.
-    int wait() {
-        int status = 0;
-        waitpid(std::exchange(id_, 0), &status, 0);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
-  private:
-    pid_t id_;
-};
+/// What work gave, or -1 when its process was killed.
+inline int resultOf(pid_t process) {
+    int status = 0;
+    waitpid(process, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
 
 /// Whether work gives 0 in a process of its own: for each number below count one, all at the same time.
 template <class Work>
 bool succeedsInEach(int count, Work&& work) {
-    std::vector<std::unique_ptr<ChildProcess>> processes;
-    for (int i = 0; i < count; ++i) {
-        processes.push_back(std::make_unique<ChildProcess>([&work, i] { return work(i); }));
-    }
-    bool succeeded = true;
-    for (const auto& process : processes) succeeded = process->wait() == 0 && succeeded;
-    return succeeded;
+    std::vector<pid_t> processes;
+    for (int i = 0; i < count; ++i) processes.push_back(start([&] { return work(i); }));
+    return std::ranges::count_if(processes, resultOf) == 0;
 }
 
 /// Whether work gives 0 for a user that the permissions of files bind.
 template <class Work>
 bool succeedsForOthers(Work&& work) {
     constexpr uid_t nobody = 65534;
-    return ChildProcess([&] { return geteuid() == 0 && setuid(nobody) != 0 ? 1 : work(); }).wait() == 0;
+    return resultOf(start([&] { return geteuid() == 0 && setuid(nobody) != 0 ? 1 : work(); })) == 0;
 }
 
 /// Runs work, which reports what it has done by ascending numbers, in a process that is killed once it has
@@ -60,18 +45,17 @@ template <class Work>
 int reportedByKilled(int number, Work&& work) {
     int ends[2];
     if (pipe(ends) != 0) return -1;
+    const auto process = start([&] {
+        work([&](int done) { return ::write(ends[1], &done, sizeof done) == sizeof done; });
+        return 0;
+    });
+    close(ends[1]);
     int last = -1;
-    const auto receive = [&] { return ::read(ends[0], &last, sizeof last) == sizeof last; };
-    {
-        const ChildProcess killed([&] {
-            work([&](int done) { return ::write(ends[1], &done, sizeof done) == sizeof done; });
-            return 0;
-        });
-        close(ends[1]);
-        while (last < number && receive()) continue;
+    while (::read(ends[0], &last, sizeof last) == sizeof last) {
+        if (last == number) ::kill(process, SIGKILL);
     }
-    while (receive()) continue;
     close(ends[0]);
+    resultOf(process);
     return last;
 }
 
@@ -85,11 +69,11 @@ bool succeedsOnFullDisk(rlim_t size, Work&& work) {
         limit.rlim_cur = std::min(most, limit.rlim_max);
         setrlimit(RLIMIT_FSIZE, &limit);
     };
-    return ChildProcess([&] {
+    return resultOf(start([&] {
                signal(SIGXFSZ, SIG_IGN);
                limitFiles(size);
                return work([&] { limitFiles(RLIM_INFINITY); });
-           }).wait() == 0;
+           })) == 0;
 }
 
 }  // namespace tovera::testing

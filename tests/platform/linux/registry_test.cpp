@@ -2,9 +2,7 @@
 #include <numeric>
 
 #include "platform/linux/code_pages.h"
-#include "platform/linux/registry_user.h"
-#include "platform/linux/temporary_folder.h"
-#include "platform/platform.h"
+#include "platform/linux/user_home.h"
 #include "registry/cls_initreg.h"
 
 namespace tovera::testing {
@@ -12,63 +10,35 @@ namespace {
 
 using namespace registryStatus;
 
-struct Registry : ::testing::Test {
-    TemporaryFolder folder;
-    LinuxAdvapi32 registry{folder / "registry"};
-    RegistryUser user{registry};
-    std::string data;
-
-    void SetUp() override {
-        if (!hasStore()) GTEST_SKIP() << "LMDB isn't installed";
-    }
-
+struct Registry : UserHomeWithStore {
     I4 open(const std::string& path, I4 access) {
         I4 key = 0;
-        EXPECT_EQ(registry.RegOpenKeyExA(rootKeys::currentUser, {path}, 0, access, key), success);
+        EXPECT_EQ(user.registry.RegOpenKeyExA(rootKeys::currentUser, {path}, 0, access, key), success);
         return key;
     }
 };
 
-std::string everyByte() {
-    std::string bytes(256, '\0');
-    std::iota(bytes.begin(), bytes.end(), '\0');
-    return bytes;
-}
+TEST_F(Registry, valuesOfAnySizeComeBackFromADeepKey) {
+    std::string path;
+    for (int level = 0; level < 1000; ++level) path += "\xC9t\xE9\\";
+    std::string everyByte(256, '\0');
+    std::iota(everyByte.begin(), everyByte.end(), '\0');
+    const std::string values[] = {"", "x", everyByte, std::string(100'000, '\xE9'),
+                                  std::string(20'000'000, 'm')};
+    ASSERT_EQ(user.create(path), success);
+    for (const auto& value : values)
+        ASSERT_EQ(user.write(path, "OF " + std::to_string(value.size()), value), success);
+    for (const auto& value : values)
+        EXPECT_TRUE(user.reads(path, "of " + std::to_string(value.size()), value)) << value.size();
 
-TEST_F(Registry, theClassReadsBackWhatItWrote) {
-    Platform platform{home().services, home().user32, home().kernel32, home().files, registry, home().odbc32};
-    Cls_InitREG values(platform);
-    std::u16string deep = u"HKEY_CURRENT_USER";
-    for (int level = 0; level < 1000; ++level) deep += u"\\Été";
-    const auto call = [&](auto member, auto&... value) {
-        Bstr path = deep;
-        Bstr entry = u"Œuvre";
-        return (values.*member)(path, entry, value...);
-    };
-    Bstr key = deep;
-    values.CreerREG_Cle(key);
-    for (const auto& text : {Bstr(fromAnsi1252(everyByte())), Bstr(u"x")}) {
-        call(&Cls_InitREG::EcrireREG_BINARY, text);
-        EXPECT_EQ(call(&Cls_InitREG::LireREG_BINARY), Variant(text));
-    }
-    for (const std::size_t length : {1, 254, 255, 256}) {
-        Bstr text = std::u16string(length, u'é');
-        call(&Cls_InitREG::EcrireREG_STRING, text);
-        EXPECT_EQ(call(&Cls_InitREG::LireREG_STRING), Variant(length < 255 ? text : Bstr(u"Error")));
-    }
-}
-
-TEST_F(Registry, valuesOfAnySizeComeBack) {
-    ASSERT_EQ(user.create("Software\\Values"), success);
-    const std::string values[] = {"", "x", std::string(100'000, '\xE9'), std::string(20'000'000, 'm')};
-    for (const auto& value : values) {
-        const auto name = "of " + std::to_string(value.size());
-        ASSERT_EQ(user.write("Software\\Values", name, value), success);
-    }
-    for (const auto& value : values) {
-        ASSERT_EQ(user.read("Software\\Values", "OF " + std::to_string(value.size()), data), success);
-        EXPECT_TRUE(data == value) << value.size();
-    }
+    Platform ours{home().services, platform.user32,   platform.kernel32,
+                  platform.files,  platform.advapi32, platform.odbc32};
+    Cls_InitREG ofClass(ours);
+    const auto key = join(u"HKEY_CURRENT_USER\\", fromAnsi1252(path.substr(0, path.size() - 1)));
+    auto [written, read, name] = std::tuple(key, key, Bstr(u"Œuvre"));
+    ofClass.EcrireREG_BINARY(written, name, Bstr(fromAnsi1252(everyByte)));
+    EXPECT_EQ(ofClass.LireREG_BINARY(read, name), Variant(Bstr(fromAnsi1252(everyByte))));
+    EXPECT_TRUE(user.reads(path, "\x8CUVRE", everyByte));
 }
 
 TEST_F(Registry, sizesAsTold) {
@@ -78,93 +48,70 @@ TEST_F(Registry, sizesAsTold) {
     user.write("K", "bytes", "abc", valueTypes::binary);
     user.write("K", "none", "", valueTypes::text);
     const auto key = open("K", keyAccess::read);
-    const struct {
-        const char* name;
-        I4 type, room, status, size;
-        std::string buffer;
-    } rows[] = {{"text", 1, 6, success, 3, {"abc\0..", 6}},  {"text", 1, 4, success, 3, {"abc\0..", 6}},
-                {"text", 1, 3, moreData, 4, "......"},       {"text", 3, 3, success, 3, "abc..."},
-                {"text", 3, 2, moreData, 3, "......"},       {"text", 3, 0, moreData, 3, "......"},
-                {"ended", 1, 4, success, 4, {"abc\0..", 6}}, {"bytes", 1, 6, success, 3, "abc..."},
-                {"none", 1, 6, success, 0, "......"},        {"missing", 1, 6, notFound, 6, "......"}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name + std::to_string(row.room));
+    const std::tuple<const char*, I4, I4, I4, I4, std::string> rows[] = {
+        {"text", 1, 6, success, 3, {"abc\0..", 6}},  {"text", 1, 4, success, 3, {"abc\0..", 6}},
+        {"text", 1, 3, moreData, 4, "......"},       {"text", 3, 3, success, 3, "abc..."},
+        {"text", 3, 2, moreData, 3, "......"},       {"text", 3, 0, moreData, 3, "......"},
+        {"ended", 1, 4, success, 4, {"abc\0..", 6}}, {"bytes", 1, 6, success, 3, "abc..."},
+        {"none", 1, 6, success, 0, "......"},        {"missing", 1, 6, notFound, 6, "......"}};
+    for (auto [name, type, room, status, size, expected] : rows) {
         std::string buffer = "......";
-        auto [size, type] = std::pair(row.room, row.type);
-        const auto room = std::as_writable_bytes(std::span(buffer)).first(static_cast<std::size_t>(row.room));
-        EXPECT_EQ(registry.RegQueryValueExA(key, {row.name}, type, room, size), row.status);
-        EXPECT_EQ(size, row.size);
-        EXPECT_EQ(buffer, row.buffer);
+        const auto bytes = std::as_writable_bytes(std::span(buffer)).first(static_cast<std::size_t>(room));
+        auto sizeOrRoom = room;
+        EXPECT_EQ(user.registry.RegQueryValueExA(key, {name}, type, bytes, sizeOrRoom), status);
+        EXPECT_EQ(std::tuple(sizeOrRoom, buffer), std::tuple(size, expected)) << name << room;
     }
-    EXPECT_EQ(registry.RegCloseKey(key), success);
-    EXPECT_EQ(registry.RegCloseKey(key), invalidHandle);
 }
 
-TEST_F(Registry, namesMatchWithoutRegardToCase) {
-    EXPECT_EQ(user.create("Soci\xE9t\xE9\\\xCE"
-                          "le"),
-              success);
-    EXPECT_TRUE(user.has("SOCI\xC9T\xC9\\\xEELE"));
-    EXPECT_FALSE(user.has("SOCIETE\\\xEELE"));
-    EXPECT_TRUE(
-        user.has("Soci\xE9t\xE9\\\\\xCE"
-                 "le\\"));
-}
-
-TEST_F(Registry, keysGoWhenTheyHaveNoSubkeysAndTakeTheirValuesAlong) {
-    user.create("A\\B");
-    user.write("A\\B", "v", "1");
-    user.write("A", "v", "2");
-    const auto opened = open("A\\B", keyAccess::write);
-    EXPECT_EQ(user.remove("A"), accessDenied);
-    EXPECT_EQ(user.remove("A\\B"), success);
-    EXPECT_EQ(registry.RegSetValueExA(opened, {"v"}, 0, valueTypes::text, {}), keyDeleted);
-    EXPECT_EQ(user.remove("A\\B"), notFound);
-    EXPECT_EQ(user.remove("A"), success);
-    user.create("A");
-    EXPECT_EQ(user.read("A", "v", data), notFound);
-    EXPECT_EQ(user.remove(""), accessDenied);
-    EXPECT_EQ(user.remove("Software"), accessDenied);
+TEST_F(Registry, keysMatchWithoutCaseAndGoWithTheirValuesWhenTheyHaveNoSubkeys) {
+    ASSERT_EQ(user.create("Soci\xE9t\xE9\\\xCElot"), success);
+    EXPECT_TRUE(user.has("Soci\xE9t\xE9\\\\\xCElot\\") && !user.has("SOCIETE\\\xCElot"));
+    for (const auto* path : {"SOCI\xC9T\xC9\\\xEELOT", "soci\xE9t\xE9"})
+        for (const auto* name : {"v", "w"}) EXPECT_EQ(user.write(path, name, "1"), success);
+    const auto opened = open("Soci\xE9t\xE9\\\xCElot", keyAccess::write);
+    const std::pair<const char*, I4> removals[] = {{"SOCI\xC9T\xC9", accessDenied},
+                                                   {"SOCI\xC9T\xC9\\\xEElot", success},
+                                                   {"SOCI\xC9T\xC9\\\xEElot", notFound},
+                                                   {"SOCI\xC9T\xC9", success},
+                                                   {"", accessDenied},
+                                                   {"Software", accessDenied}};
+    for (const auto& [path, status] : removals) EXPECT_EQ(user.remove(path), status) << path;
+    EXPECT_EQ(user.registry.RegSetValueExA(opened, {"v"}, 0, valueTypes::text, {}), keyDeleted);
+    user.create("Soci\xE9t\xE9");
+    for (const auto* name : {"v", "w"}) EXPECT_EQ(user.read("Soci\xE9t\xE9", name), notFound);
 }
 
 TEST_F(Registry, refusals) {
     user.create("K");
     const auto reading = open("K", keyAccess::read);
     const auto writing = open("K", keyAccess::write);
-    I4 key = 0;
-    I4 type = 0;
-    I4 size = 0;
+    auto& registry = user.registry;
+    I4 key = 0, size = 0;
     EXPECT_EQ(registry.RegSetValueExA(reading, {"v"}, 0, valueTypes::text, {}), accessDenied);
-    EXPECT_EQ(registry.RegQueryValueExA(writing, {"v"}, type, {}, size), accessDenied);
+    EXPECT_EQ(registry.RegQueryValueExA(writing, {"v"}, key, {}, size), accessDenied);
     EXPECT_EQ(registry.RegCreateKeyA(reading, {"sub"}, key), accessDenied);
-    EXPECT_EQ(registry.RegOpenKeyExA(rootKeys::currentUser, {"No"}, 0, keyAccess::read, key), notFound);
-    EXPECT_EQ(registry.RegOpenKeyExA(rootKeys::currentUser, {"\\K"}, 0, keyAccess::read, key), badPathName);
-    EXPECT_EQ(registry.RegOpenKeyExA(12345, {"K"}, 0, keyAccess::read, key), invalidHandle);
+    EXPECT_EQ(user.create("\\K"), badPathName);
     EXPECT_EQ(registry.RegCreateKeyA(0, {"K"}, key), invalidHandle);
-    EXPECT_EQ(registry.RegCloseKey(0), invalidHandle);
+    EXPECT_EQ(registry.RegCloseKey(12345), invalidHandle);
+    EXPECT_EQ(registry.RegCloseKey(reading), success);
+    EXPECT_EQ(registry.RegCloseKey(reading), invalidHandle);
 }
 
 TEST_F(Registry, theSevenRootsAreApartAndClassesShowTheUsersInFrontOfTheMachines) {
-    for (auto root = rootKeys::classesRoot; root <= rootKeys::dynData; ++root) {
-        RegistryUser below(registry, root);
-        EXPECT_EQ(below.create("Root") | below.write("Root", "v", std::to_string(root)), success);
-    }
-    for (auto root = rootKeys::classesRoot; root <= rootKeys::dynData; ++root) {
-        EXPECT_EQ(RegistryUser(registry, root).read("Root", "v", data), success);
-        EXPECT_EQ(data, std::to_string(root));
-    }
-    RegistryUser classes(registry, rootKeys::classesRoot);
-    RegistryUser machine(registry, rootKeys::localMachine);
-    EXPECT_TRUE(machine.has("Software\\Classes\\Root"));
-    machine.create("Software\\Classes\\.x");
-    machine.write("Software\\Classes\\.x", "both", "machine");
-    machine.write("Software\\Classes\\.x", "one", "machine");
-    user.create("Software\\Classes\\.x");
-    user.write("Software\\Classes\\.x", "both", "user");
-    for (const std::string owner : {"user", "machine"}) {
-        EXPECT_EQ(classes.read(".x", owner == "user" ? "both" : "one", data), success);
-        EXPECT_EQ(data, owner);
-    }
+    for (user.root = rootKeys::classesRoot; user.root <= rootKeys::dynData; ++user.root)
+        EXPECT_EQ(user.create("Root") | user.write("Root", "v", std::to_string(user.root)), success);
+    for (user.root = rootKeys::classesRoot; user.root <= rootKeys::dynData; ++user.root)
+        EXPECT_TRUE(user.reads("Root", "v", std::to_string(user.root)));
+    const std::string classes = "Software\\Classes\\";
+    user.root = rootKeys::localMachine;
+    EXPECT_TRUE(user.has(classes + "Root"));
+    user.create(classes + ".x");
+    for (const auto* name : {"both", "one"}) user.write(classes + ".x", name, "machine");
+    user.root = rootKeys::currentUser;
+    user.create(classes + ".x");
+    user.write(classes + ".x", "both", "user");
+    user.root = rootKeys::classesRoot;
+    EXPECT_TRUE(user.reads(".x", "both", "user") && user.reads(".x", "one", "machine"));
 }
 
 }  // namespace

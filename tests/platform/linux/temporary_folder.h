@@ -36,27 +36,42 @@ class TemporaryFolder {
 };
 
 /// A small disk of its own for one test, which only root can have.
-class TemporaryDisk {
-  public:
-    explicit TemporaryDisk(const std::string& size) : isThere_(mountWith(0, size)) {}
-    TemporaryDisk(const TemporaryDisk&) = delete;
-    TemporaryDisk& operator=(const TemporaryDisk&) = delete;
+struct TemporaryDisk : TemporaryFolder {
+    explicit TemporaryDisk(const std::string& size) : isThere(mountWith(0, size)) {}
     ~TemporaryDisk() {
-        if (isThere_) umount2(folder_.path().c_str(), MNT_DETACH);
+        if (isThere) umount2(path().c_str(), MNT_DETACH);
     }
-
-    bool isThere() const { return isThere_; }
     bool resize(const std::string& size) { return mountWith(MS_REMOUNT, size); }
     bool makeReadOnly() { return mountWith(MS_REMOUNT | MS_RDONLY, "100%"); }
-    std::string operator/(const std::string& name) const { return folder_ / name; }
+
+    const bool isThere;
 
   private:
     bool mountWith(unsigned long flags, const std::string& size) {
-        return mount("none", folder_.path().c_str(), "tmpfs", flags, ("size=" + size).c_str()) == 0;
+        return mount("none", path().c_str(), "tmpfs", flags, ("size=" + size).c_str()) == 0;
+    }
+};
+
+/// A data folder of its own for one test, with drive C: in it. The current folder is put back at the end.
+class UserFolder {
+  public:
+    UserFolder() { setenv("XDG_DATA_HOME", folder_.path().c_str(), 1); }
+    ~UserFolder() {
+        std::filesystem::current_path(before_);
+        unsetenv("XDG_DATA_HOME");
     }
 
+    /// A path of the system, for one below C:.
+    std::string onC(const std::string& path) const { return folder_ / ("tovera/drive_c/" + path); }
+    void makeFile(const std::string& path, const std::string& text = {}) const {
+        std::filesystem::create_directories(std::filesystem::path(onC(path)).parent_path());
+        std::ofstream(onC(path), std::ios::binary) << text;
+    }
+    std::string textOf(const std::string& path) const { return contentOf(onC(path)); }
+
+  private:
     TemporaryFolder folder_;
-    bool isThere_;
+    std::filesystem::path before_ = std::filesystem::current_path();
 };
 
 }  // namespace tovera::testing
