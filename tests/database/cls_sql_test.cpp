@@ -1,184 +1,142 @@
-#include <cstring>
 #include <gtest/gtest.h>
 
 #include "database/class_table.h"
-#include "support/file_system_double.h"
+#include "platform/linux/user_home.h"
 #include "support/named_calls.h"
 
 namespace tovera::testing {
 namespace {
 
-using ::testing::_;
-using ::testing::DoAll;
-using ::testing::Return;
-using ::testing::SetArgReferee;
-
-constexpr I4 environment = 3;
+using Source = std::pair<std::string, std::string>;  // a name, and the description of its driver
+const Source access{"MS Access Database", "Microsoft Access Driver (*.mdb)"};
+const Source excel{"Excel", "Microsoft Excel Driver (*.xls)"};
 const Variant noMdac = u"MDAC non installé.";
 
-struct Source {
-    std::string name, description;
+/// An ODBC of one environment that lists these sources.
+struct ListOfSources : Odbc32 {
+    I4 SQLAllocHandle(I4 type, I4 parent, I4& handle) override {
+        EXPECT_EQ(std::tuple(type, parent), std::tuple(1, 0));
+        handle = 3;
+        used += allocation == 0 ? 1 : 0;
+        return allocation;
+    }
+    I4 SQLSetEnvAttr(I4 environment, I4 attribute, I4 value, I4 length) override {
+        EXPECT_EQ(std::tuple(environment, attribute, value, length), std::tuple(3, 200, 3, -6));
+        return setting;
+    }
+    I4 SQLDataSources(I4 environment, I4 direction, AnsiText& name, I2& nameLength, AnsiText& description,
+                      I2& descriptionLength) override {
+        EXPECT_EQ(std::tuple(environment, direction), std::tuple(3, 1));
+        if (end == 453) raise(ErrorNumber::EntryPointNotFound);
+        if (sources.empty()) return end;
+        const auto fill = [](AnsiText& buffer, std::size_t size, const std::string& with) {
+            EXPECT_EQ(buffer.bytes, std::string(size, ' '));
+            buffer.bytes.replace(0, with.size() + 1, with + '\0');
+            return static_cast<I2>(with.size());
+        };
+        nameLength = fill(name, 32, sources[0].first);
+        descriptionLength = fill(description, 128, sources[0].second);
+        sources.erase(sources.begin());
+        return 0;
+    }
+    I4 SQLFreeHandle(I4 type, I4 handle) override {
+        EXPECT_EQ(std::tuple(type, handle), std::tuple(1, 3));
+        --used;
+        return -1;
+    }
+
+    std::vector<Source> sources;
+    I4 allocation = 0, setting = 0, end = 100;
+    int used = 0;  ///< handles
 };
-const Source access{"MS Access Database", "Microsoft Access Driver (*.mdb)"};
 
-struct Sql : ::testing::Test {
-    TestPlatform test;
-    MockOdbc32& odbc = test.odbc32;
-    std::vector<std::string> done;  // in the order of the calls
-    std::vector<std::string> keys;  // by their handles, from 1 on
+/// A registry that writes down what is done in it: a line for each key that is made, and for each that is
+/// written to.
+struct RecordedRegistry : Advapi32 {
+    static std::string nameOf(const AnsiText& path) {
+        const std::string sources = "Software\\ODBC\\ODBC.INI\\";
+        EXPECT_TRUE(path.bytes.starts_with(sources)) << path.bytes;
+        return path.bytes.substr(sources.size());
+    }
+    I4 RegOpenKeyExA(I4, const AnsiText& path, I4, I4, I4&) override {
+        if (std::exchange(key, path.bytes) != path.bytes) done += "\n" + nameOf(path) + ": ";
+        return 0;
+    }
+    I4 RegCreateKeyA(I4, const AnsiText& path, I4&) override {
+        done += "\n+" + nameOf(path);
+        return 0;
+    }
+    I4 RegSetValueExA(I4, const AnsiText& name, I4, I4 type, std::span<const std::byte> data) override {
+        std::string text(reinterpret_cast<const char*>(data.data()), data.size());
+        if (type == valueTypes::dword)
+            text = '#' + std::to_string(std::to_integer<int>(data[1]) * 256 + std::to_integer<int>(data[0]));
+        done += name.bytes + '=' + text + ", ";
+        return 5;  // nobody is told
+    }
+    I4 RegCloseKey(I4) override { return 0; }
 
+    std::string key, done;
+};
+
+struct Sql : UserHome {
     Variant declare() {
-        EXPECT_CALL(test.services, createObject(std::u16string_view(u"Scripting.FileSystemObject")))
-            .WillOnce([](auto) { return makeObject<FileSystemDouble>(u"C:\\a.mdb"); });
         Bstr file = u"C:\\a.mdb";
         Bstr name = u"Base";
-        return Cls_SQL(test.platform).Creer_ODBC_Access(file, name);
+        return Cls_SQL(ours).Creer_ODBC_Access(file, name);
     }
 
-    void haveEnvironment(I4 attributeStatus = 0) {
-        EXPECT_CALL(odbc, SQLAllocHandle(1, 0, _)).WillOnce(DoAll(SetArgReferee<2>(environment), Return(0)));
-        EXPECT_CALL(odbc, SQLSetEnvAttr(environment, 200, 3, -6)).WillOnce(Return(attributeStatus));
-    }
-    void expectFree() { EXPECT_CALL(odbc, SQLFreeHandle(1, environment)).WillOnce(Return(-1)); }
-    /// An ODBC that lists these sources and then ends the list with this code.
-    void haveSources(const std::vector<Source>& sources, I4 end) {
-        ::testing::InSequence inOrder;
-        haveEnvironment();
-        for (const auto& source : sources) {
-            const auto fill = [](AnsiText& buffer, std::size_t size, const std::string& with) {
-                EXPECT_EQ(buffer.bytes, std::string(size, ' '));
-                buffer.bytes.replace(0, with.size() + 1, with + '\0');
-                return static_cast<I2>(with.size());
-            };
-            EXPECT_CALL(odbc, SQLDataSources(environment, 1, _, _, _, _))
-                .WillOnce([=](auto, auto, auto& name, I2& nameLength, auto& description, I2& length) {
-                    nameLength = fill(name, 32, source.name);
-                    length = fill(description, 128, source.description);
-                    return 0;
-                });
-        }
-        if (end != 0) EXPECT_CALL(odbc, SQLDataSources(environment, 1, _, _, _, _)).WillOnce(Return(end));
-        expectFree();
-    }
-
-    void haveFolders() {
-        const auto give = [](std::string folder) {
-            return DoAll(SetArgReferee<0>(AnsiText{folder}), Return(6));
-        };
-        EXPECT_CALL(test.kernel32, GetWindowsDirectoryA).WillRepeatedly(give("W:\\WIN"));
-        EXPECT_CALL(test.kernel32, GetSystemDirectoryA).WillRepeatedly(give("W:\\SYS"));
-    }
-    /// Records each write; an open key is known by its path.
-    void recordWrites() {
-        EXPECT_CALL(test.kernel32, WritePrivateProfileStringA)
-            .WillRepeatedly([this](auto& section, auto& key, auto& value, auto& file) {
-                done.push_back(file.bytes + "|" + section.bytes + "|" + key.bytes + "=" + value.bytes);
-                return 0;
-            });
-        auto& registry = test.advapi32;
-        const auto open = [this](const AnsiText& path, I4& opened) {
-            keys.push_back(path.bytes);
-            opened = static_cast<I4>(keys.size());
-            return path.bytes.ends_with("Data Sources") ? 2 : 0;  // an account without the list
-        };
-        EXPECT_CALL(registry, RegOpenKeyExA(rootKeys::currentUser, _, 0, keyAccess::write, _))
-            .WillRepeatedly([=](auto, auto& path, auto, auto, I4& opened) { return open(path, opened); });
-        EXPECT_CALL(registry, RegCreateKeyA(rootKeys::currentUser, _, _))
-            .WillRepeatedly([=, this](auto, auto& path, I4& created) {
-                done.push_back("+" + path.bytes);
-                return open(path, created);
-            });
-        EXPECT_CALL(registry, RegSetValueExA)
-            .WillRepeatedly([this](I4 key, auto& name, auto, I4 type, std::span<const std::byte> data) {
-                I4 number = 0;
-                std::string text(reinterpret_cast<const char*>(data.data()), data.size());
-                if (type == valueTypes::dword) {
-                    std::memcpy(&number, data.data(), data.size());
-                    text = "#" + std::to_string(number);
-                }
-                done.push_back(keys.at(static_cast<std::size_t>(key - 1)) + "|" + name.bytes + "=" + text);
-                return 0;
-            });
-        EXPECT_CALL(registry, RegCloseKey).WillRepeatedly(Return(0));
-    }
+    ListOfSources odbc;
+    RecordedRegistry registry;
+    Platform ours{services, home().user32, home().kernel32, home().files, registry, odbc};
 };
 
 TEST_F(Sql, declaringWritesEverythingInItsOrder) {
-    haveSources({{"Excel", "Microsoft Excel Driver (*.xls)"}, access, {"BASE", "SQL Server"}}, 100);
-    haveFolders();
-    recordWrites();
+    files.makeFile("a.mdb");
+    odbc.sources = {excel, access, {"BASE", "SQL Server"}};
     EXPECT_EQ(declare(), Variant(u"Creation OK"));
-    const std::string key = "Software\\ODBC\\ODBC.INI\\Base";
-    const std::string jet = key + "\\Engines\\Jet";
-    const std::vector<std::string> expected = {
-        "W:\\WIN\\ODBC.INI|ODBC 32 bit Data Sources|Base=Microsoft Access Driver (*.mdb) (32 bit)",
-        "W:\\WIN\\ODBC.INI|Base|Driver32=W:\\SYS\\odbcjt32.dll",
-        "+" + key,
-        "+" + key + "\\Engines",
-        "+" + jet,
-        key + "|DBQ=asked: C:\\a.mdb",  // as the file system object left it
-        key + "|Description=Base",
-        key + "|Driver=W:\\SYS\\odbcjt32.dll",
-        key + "|FIL=MS Access;",
-        key + "|UID=",
-        key + "|SafeTransactions=#0",
-        key + "|DriverId=#25",
-        jet + "|ImplicitCommitSync=",
-        jet + "|UserCommitSync=Yes",
-        jet + "|MaxBufferSize=#2048",
-        jet + "|PageTimeout=#5",
-        jet + "|Threads=#3",
-    };
-    EXPECT_EQ(done, expected);
+    EXPECT_EQ(odbc.used, 0);
+    EXPECT_EQ(files.textOf("WINDOWS/ODBC.INI"),
+              "[ODBC 32 bit Data Sources]\r\nBase=Microsoft Access Driver (*.mdb) (32 bit)\r\n"
+              "[Base]\r\nDriver32=C:\\WINDOWS\\SYSTEM32\\odbcjt32.dll\r\n");
+    EXPECT_EQ(registry.done,
+              "\nODBC Data Sources: Base=Microsoft Access Driver (*.mdb), "
+              "\n+Base\n+Base\\Engines\n+Base\\Engines\\Jet"
+              "\nBase: DBQ=C:\\a.mdb, Description=Base, Driver=C:\\WINDOWS\\SYSTEM32\\odbcjt32.dll, "
+              "FIL=MS Access;, UID=, SafeTransactions=#0, DriverId=#25, "
+              "\nBase\\Engines\\Jet: ImplicitCommitSync=, UserCommitSync=Yes, MaxBufferSize=#2048, "
+              "PageTimeout=#5, Threads=#3, ");
 }
 
 TEST_F(Sql, whatStandsInTheWay) {
     const Variant duplicate = u"Lien ODBC déjà existant.";
-    const struct {
-        std::vector<Source> sources;
-        I4 end;  // 0 when the list isn't walked to its end
-        Variant expected;
-    } rows[] = {{{}, 100, noMdac},
-                {{}, -1, noMdac},
-                {{{"Excel", "Microsoft Excel Driver (*.xls)"}}, 100, noMdac},
-                {{{"Other", "microsoft access driver (*.mdb)"}}, 1, noMdac},
-                {{{"Base", "Microsoft Excel Driver (*.xls)"}}, 0, duplicate},
-                {{access, {"Base", "x"}}, 0, duplicate}};
+    const std::tuple<std::vector<Source>, Variant, I4, I4, I4> rows[] = {
+        {{}, noMdac, 100, 0, 0},
+        {{excel}, noMdac, 100, 0, 0},
+        {{{"Other", "microsoft access driver (*.mdb)"}}, noMdac, 1, 0, 0},
+        {{{"Base", "Microsoft Excel Driver (*.xls)"}, access}, duplicate, 100, 0, 0},
+        {{access, {"Base", "x"}}, duplicate, 100, 0, 0},
+        {{access}, noMdac, 100, -1, 0},
+        {{access}, noMdac, 100, 0, -1},
+        {{access}, {}, 453, 0, 0}};
+    EXPECT_EQ(declare(), Variant(u"Fichier inexistant."));
+    files.makeFile("a.mdb");
     for (const auto& row : rows) {
-        haveSources(row.sources, row.end);
-        EXPECT_EQ(declare(), row.expected);
+        Variant expected, result;
+        std::tie(odbc.sources, expected, odbc.end, odbc.allocation, odbc.setting) = row;
+        EXPECT_EQ(errorOf([&] { result = declare(); }), odbc.end == 453 ? 453 : 0);
+        EXPECT_EQ(result, expected);
+        EXPECT_EQ(odbc.used, 0) << "an environment was kept";
     }
-}
-
-TEST_F(Sql, anOdbcThatFails) {
-    EXPECT_CALL(odbc, SQLAllocHandle).WillOnce(Return(-1));
-    EXPECT_EQ(declare(), noMdac);
-    haveEnvironment(-1);
-    expectFree();
-    EXPECT_EQ(declare(), noMdac);
-    haveEnvironment();
-    expectFree();
-    const auto missing = [](auto&&...) -> I4 { raise(ErrorNumber::EntryPointNotFound); };
-    EXPECT_CALL(odbc, SQLDataSources).WillOnce(missing);
-    EXPECT_EQ(errorOf([&] { declare(); }), 453);
-    haveEnvironment(-1);
-    EXPECT_CALL(odbc, SQLFreeHandle).WillOnce(missing);
-    EXPECT_EQ(errorOf([&] { declare(); }), 453);
+    EXPECT_TRUE(registry.done.empty());
 }
 
 TEST_F(Sql, callsByName) {
-    EXPECT_CALL(test.services, createObject)
-        .WillOnce([](auto) { return makeObject<FileSystemDouble>(u""); })
-        .WillOnce([](auto) -> ObjectRef { raise(ErrorNumber::CannotCreateObject); });
+    EXPECT_CALL(services, createObject).WillOnce([](auto) -> ObjectRef {
+        raise(ErrorNumber::CannotCreateObject);
+    });
     expectCallsOfEveryMethod<Cls_SQL>(
-        test.platform, {
-                           gives(u"l''été", u"RepAPOS", u"l'été"),
-                           gives(u"''''", u"RepAPOS", u"''"),
-                           gives(u"sans", u"RepAPOS", u"sans"),
-                           gives(u"", u"RepAPOS", u""),
-                           gives(u"Fichier inexistant.", u"Creer_ODBC_Access", u"C:\\a.mdb", u"Base"),
-                           fails(429, u"Creer_ODBC_Access", u"C:\\a.mdb", u"Base"),
-                       });
+        ours, {gives(u"l''été", u"RepAPOS", u"l'été"), gives(u"''''", u"RepAPOS", u"''"),
+               gives(u"", u"RepAPOS", u""), fails(429, u"Creer_ODBC_Access", u"C:\\a.mdb", u"Base")});
 }
 
 }  // namespace
