@@ -23,7 +23,8 @@ I4 TestServices::messageBox(const Bstr& text, I4 flags, const Bstr& title) {
 
 std::string TestServices::toAnsi(std::u16string_view text) {
     std::string bytes;
-    for (const auto c : text) bytes += c < 256 ? static_cast<char>(c) : '?';
+    for (const auto c : text)
+        bytes += c == u'\u3042' ? "\x82\xA0" : std::string(1, c < 256 ? static_cast<char>(c) : '?');
     return bytes;
 }
 
