@@ -43,6 +43,7 @@ TEST_F(Paths, LeadToThisSystemsFiles) {
     EXPECT_EQ(hostPath(u"\\a"), user.onC("a"));
     const Rows back = {{u"C:\\a\\b", user.onC("a/b")}, {u"Z:\\home\\x", "/home/x"}, {u"Z:\\", "/"}};
     for (const auto& [expected, path] : back) EXPECT_EQ(windowsPath(path), expected) << path;
+    EXPECT_TRUE(windowsPath(driveC() + "2").starts_with(u"Z:")) << "a neighbour of the drive's folder";
 }
 
 TEST_F(Paths, AreFoundWithoutRegardToCase) {
