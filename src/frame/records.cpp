@@ -1,6 +1,5 @@
 #include "frame/records.h"
 
-#include <algorithm>
 #include <array>
 
 namespace tovera {
@@ -51,53 +50,7 @@ constexpr std::array records{
     RecordDescription{"SHFILEOPSTRUCT", shFileOpStruct},
 };
 
-struct Layout {
-    std::size_t size;
-    std::size_t alignment;
-};
-
-Layout layoutOf(const RecordField& field);
-
-std::size_t alignmentOf(const RecordDescription& record) {
-    std::size_t widest = 1;
-    for (const auto& field : record.fields) widest = std::max(widest, layoutOf(field).alignment);
-    return widest;
-}
-
-/// On the published target, where a reference takes 4 bytes.
-Layout layoutOf(const RecordField& field) {
-    switch (field.type) {
-        case Type::None:
-            return {field.record->size(), alignmentOf(*field.record)};
-        case Type::UI1:
-            return {1, 1};
-        case Type::I2:
-        case Type::VariantBool:
-            return {2, 2};
-        default:
-            return {4, 4};
-    }
-}
-
-constexpr std::size_t padded(std::size_t offset, std::size_t alignment) {
-    return (offset + alignment - 1) / alignment * alignment;
-}
-
 }  // namespace
-
-std::size_t RecordDescription::offsetOf(std::size_t field) const {
-    std::size_t offset = 0;
-    for (std::size_t i = 0; i < field; ++i) {
-        const auto layout = layoutOf(fields[i]);
-        offset = padded(offset, layout.alignment) + layout.size;
-    }
-    return padded(offset, layoutOf(fields[field]).alignment);
-}
-
-std::size_t RecordDescription::size() const {
-    const auto last = fields.size() - 1;
-    return padded(offsetOf(last) + layoutOf(fields[last]).size, alignmentOf(*this));
-}
 
 std::span<const RecordDescription> publishedRecords() {
     return records;

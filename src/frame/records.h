@@ -5,7 +5,8 @@
 
 #include "frame/parameters.h"
 
-// The five published records: layouts that members hand to Windows, so that their offsets count.
+// The five published records: layouts that members hand to Windows. Their fields follow each other as the
+// type library lays them out.
 namespace tovera {
 
 struct RecordDescription;
@@ -20,11 +21,6 @@ struct RecordField {
 struct RecordDescription {
     std::string_view name;
     std::span<const RecordField> fields;
-
-    /// Bytes, padded to the widest field.
-    std::size_t size() const;
-    /// Bytes in front of a field.
-    std::size_t offsetOf(std::size_t field) const;
 };
 
 /// In the order of publication.

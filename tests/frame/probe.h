@@ -71,12 +71,9 @@ struct ClassTable<Cls_Probe> {
         propertyRead<&Cls_Probe::Voisin>("Voisin"),
         propertyAssign<&Cls_Probe::setVoisin>("Voisin", "neighbour"),
         method<&Cls_Probe::Echouer>("Echouer", "", "code"),
-        method<&Cls_Probe::Perdre<I4>>("PerdreI4", "", "value"),
         method<&Cls_Probe::Perdre<Date>>("PerdreDate", "", "value"),
         method<&Cls_Probe::Perdre<VariantBool>>("PerdreVerite", "", "value"),
         method<&Cls_Probe::Perdre<Bstr>>("PerdreTexte", "", "value"),
-        method<&Cls_Probe::Perdre<Variant>>("PerdreVariant", "", "value"),
-        method<&Cls_Probe::Perdre<ObjectRef>>("PerdreObjet", "", "value"),
     };
 };
 
