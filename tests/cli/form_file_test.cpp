@@ -14,12 +14,13 @@ namespace {
 
 using testing::errorOf;
 
+constexpr const char* textNames[] = {"Caption", "Text", "ToolTipText"};
+
 /// The bytes of the sample forms, by their file names.
 std::vector<std::pair<std::string, std::string>> samples() {
     std::vector<std::pair<std::string, std::string>> all;
-    const auto tests = std::filesystem::path(__FILE__).parent_path().parent_path();
-    const auto folder = tests.parent_path() / "examples" / "forms" / "samples";
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
+    const auto root = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
+    for (const auto& entry : std::filesystem::directory_iterator(root / "examples/forms/samples"))
         all.emplace_back(entry.path().filename(), testing::contentOf(entry.path()));
     EXPECT_GE(all.size(), 20U);
     return all;
@@ -47,20 +48,17 @@ TEST(FormFile, ComesBackUntouchedFromALanguageFileThatNobodyTranslated) {
     }
 }
 
-/// Gives every text that has a line the text that `change` makes of it; the number of those texts.
+/// Calls a function with the place of every text that has a line and can be changed.
 template <class Change>
-std::size_t changeTexts(FormDocument& document, Change change) {
-    std::size_t count = 0;
-    for (std::size_t block = 0; block < document.file().blocks.size(); ++block) {
-        for (const auto* name : {"Caption", "Text", "ToolTipText"}) {
-            const auto& controls = document.file().blocks;
-            if (!findProperty(controls[block], name)) continue;
-            if (accessTo(document.file(), controls[block], name) != TextAccess::ReadWrite) continue;
-            document.setText(block, name, change(block, name));
-            ++count;
+void forTexts(FormDocument& document, Change change) {
+    const FormFile& file = document.file();
+    for (std::size_t block = 0; block < file.blocks.size(); ++block) {
+        for (const auto* name : textNames) {
+            const bool hasLine = findProperty(file.blocks[block], name) != nullptr;
+            if (hasLine && accessTo(file, file.blocks[block], name) == TextAccess::ReadWrite)
+                change(block, name);
         }
     }
-    return count;
 }
 
 TEST(FormFile, ChangesTheTextsAndNothingElse) {
@@ -68,17 +66,16 @@ TEST(FormFile, ChangesTheTextsAndNothingElse) {
         SCOPED_TRACE(name);
         const auto original = documentOf(bytes);
         const auto translated = documentOf(bytes);
-        const auto count = changeTexts(*translated, [&](std::size_t block, std::string_view property) {
-            return join(u"\"Ã\" ", original->text(block, property), u"\"");
+        forTexts(*original, [&](std::size_t block, const char* property) {
+            translated->setText(block, property, join(u"\"Ã\" ", original->text(block, property), u"\""));
         });
-        ASSERT_EQ(translated->isChanged(), count > 0);
         const auto restored = documentOf(translated->bytes());
-        EXPECT_EQ(restored->bytes() == bytes, count == 0);
-        changeTexts(*restored, [&](std::size_t block, std::string_view property) {
+        EXPECT_EQ(restored->bytes() != bytes, translated->isChanged());
+        forTexts(*original, [&](std::size_t block, const char* property) {
             EXPECT_EQ(restored->text(block, property), translated->text(block, property));
-            return original->text(block, property);
+            restored->setText(block, property, original->text(block, property));
         });
-        EXPECT_EQ(restored->bytes().size(), bytes.size());
+        EXPECT_EQ(restored->bytes(), bytes);
     }
 }
 
@@ -101,11 +98,10 @@ TEST(FormFile, IsRefusedWhereverItIsCutOffOrBroken) {
     const std::string broken[] = {
         // clang-format off
         whole, "VERSION five\r\n" + whole, "VERSION 1e300\r\n" + whole,
-        "VERSION 5.00\r\nType = Exe\r\n" + whole, "VERSION 5.00\rBegin VB.Form F\rEnd\r",
-        "VERSION 1.0 CLASS\r\nBEGIN\r\n  MultiUse = -1\r\nEND\r\n",
-        formWith("   Caption         =   \"never closed\r\n"), formWith("   Caption\r\n"),
-        formWith("   =   5\r\n"), formWith("   EndProperty\r\n"), formWith("   Begin VB.Label\r\n   End\r\n"),
-        formWith(font), formWith(font + "      Begin VB.Label L\r\n      End\r\n   EndProperty\r\n"),
+        "VERSION 5.00\r\nType = Exe\r\n" + whole, "VERSION 1.0 CLASS\r\nBEGIN\r\n  MultiUse = -1\r\nEND\r\n",
+        formWith("   Caption = \"never closed\r\n"), formWith("   Caption\r\n"), formWith("   =   5\r\n"),
+        formWith("   EndProperty\r\n"), formWith("   Begin VB.Label\r\n   End\r\n"), formWith(font),
+        formWith(font + "      Begin VB.Label L\r\n      End\r\n   EndProperty\r\n"),
         // clang-format on
     };
     for (const auto& bytes : broken) EXPECT_FALSE(accepts(bytes)) << bytes;
@@ -114,29 +110,23 @@ TEST(FormFile, IsRefusedWhereverItIsCutOffOrBroken) {
 TEST(FormFile, GivesANewTextALineInItsAlphabeticalPlace) {
     const std::string font =
         "      BeginProperty Font \r\n         Size            =   8\r\n      EndProperty\r\n";
-    const std::string tip = "      ToolTipText     =   \"new\"\r\n";
-    const std::string label = "   Begin VB.Label L \r\n";
-    const std::string end = "   End\r\n";
-    const struct {
-        std::string head;
-        std::string_view property;
-        std::string added, tail;
-    } rows[] = {
-        {label + "      Height          =   255\r\n", "ToolTipText", tip,
-         "      Width           =   9\r\n" + end},
-        {label, "Caption", "      Caption         =   \"new\"\r\n", font + end},
-        {label + font, "ToolTipText", tip, end},
-        {label + "      Height          =   255\r\n", "ToolTipText", tip,
-         "      Begin VB.Timer T \r\n      End\r\n" + end},
-        {"   Begin VB.Label L\n", "Caption", "      Caption         =   \"new\"\n", "   End\r\n"},
-        {"\tBegin VB.Label L\n", "Caption", "\t\tCaption         =   \"new\"\n", "\tEnd\n"},
-        {" Begin VB.Label L\n", "ToolTipText", "  ToolTipText=\"new\"\n", "  Top=1\n  Width=2\n End\n"},
-        {" Begin VB.Label L\n", "Caption", "  Caption = \"new\"\n", "  Left = 1\n  Visible = 0\n End\n"},
+    const std::string label = "   Begin VB.Label L \r\n", height = "      Height          =   255\r\n";
+    const std::array<std::string, 3> rows[] = {
+        // clang-format off
+        {label + height, "      ToolTipText     =   \"new\"\r\n", "      Width           =   9\r\n   End\r\n"},
+        {label, "      Caption         =   \"new\"\r\n", font + "   End\r\n"},
+        {label + font, "      ToolTipText     =   \"new\"\r\n", "   End\r\n"},
+        {label + height, "      ToolTipText     =   \"new\"\r\n", "      Begin VB.Timer T \r\n      End\r\n   End\r\n"},
+        {"\tBegin VB.Label L\n", "\t\tCaption         =   \"new\"\n", "\tEnd\n"},
+        {" Begin VB.Label L\n", "  ToolTipText=\"new\"\n", "  Top=1\n  Width=2\n End\n"},
+        {" Begin VB.Label L\n", "  Caption = \"new\"\n", "  Left = 1\n  Visible = 0\n End\n"},
+        // clang-format on
     };
-    for (const auto& row : rows) {
-        const auto document = documentOf(formWith(row.head + row.tail));
-        document->setText(1, row.property, u"new");
-        EXPECT_EQ(document->bytes(), formWith(row.head + row.added + row.tail));
+    for (const auto& [head, added, tail] : rows) {
+        const auto document = documentOf(formWith(head + tail));
+        const bool isCaption = added.find("Caption") != added.npos;
+        document->setText(1, isCaption ? "Caption" : "ToolTipText", u"new");
+        EXPECT_EQ(document->bytes(), formWith(head + added + tail));
     }
 }
 
@@ -144,29 +134,28 @@ TEST(FormFile, KnowsWhichTextsAControlHas) {
     using enum TextAccess;
     const struct {
         std::string_view control;  ///< its class and its properties
-        TextAccess caption, text, toolTip;
+        TextAccess access[3];
+        std::string_view version = "5.00";
     } rows[] = {
         // clang-format off
-        {"VB.Label L\n", ReadWrite, None, ReadWrite}, {"TextBox L\n", None, ReadWrite, ReadWrite},
-        {"VB.TextBox L\n Text = \"x.frx\":0000\n ToolTipText = $\"x.frx\":0000\n", None, None, None},
-        {"VB.ComboBox L\n Style = 2 'Dropdown List\n Text = \"a\"\n", None, Read, ReadWrite},
-        {"VB.ListBox L\n", None, Read, ReadWrite}, {"VB.Timer L\n", None, None, None},
-        {"Lib.Other L\n Caption = \"a\"\n Text = \"x.frx\":0000\n", ReadWrite, None, None},
+        {"VB.Label L\n", {ReadWrite, None, ReadWrite}}, {"TextBox L\n", {None, ReadWrite, ReadWrite}},
+        {"VB.Label L\n", {ReadWrite, None, None}, "4.00"}, {"VB.Timer L\n", {None, None, None}},
+        {"VB.TextBox L\n Text = \"x.frx\":0000\n ToolTipText = $\"x.frx\":0000\n", {None, None, None}},
+        {"VB.ComboBox L\n Style = 2 'Dropdown List\n Text = \"a\"\n", {None, Read, ReadWrite}},
+        {"VB.ListBox L\n Text = \"a\"\n", {None, Read, ReadWrite}},
+        {"Lib.Other L\n Caption = \"a\"\n Text = \"x.frx\":0000\n", {ReadWrite, None, None}},
         // clang-format on
     };
     for (const auto& row : rows) {
-        const auto file = readFormFile(formWith("Begin " + std::string(row.control) + "End\n"));
-        EXPECT_EQ(accessTo(file, file.blocks[1], "Caption"), row.caption) << row.control;
-        EXPECT_EQ(accessTo(file, file.blocks[1], "Text"), row.text) << row.control;
-        EXPECT_EQ(accessTo(file, file.blocks[1], "ToolTipText"), row.toolTip) << row.control;
+        const auto file = readFormFile("VERSION " + std::string(row.version) + "\nBegin VB.Form F\nBegin " +
+                                       std::string(row.control) + "End\nEnd\n");
+        for (std::size_t i = 0; i < 3; ++i)
+            EXPECT_EQ(accessTo(file, file.blocks[1], textNames[i]), row.access[i]) << row.control << i;
     }
-    const auto old = readFormFile("VERSION 4.00\nBegin VB.Form F\nBegin VB.Label L\nEnd\nEnd\n");
-    EXPECT_EQ(accessTo(old, old.blocks[1], "ToolTipText"), None);
 }
 
 TEST(FormFile, TakesOnlyTextsThatItCanHoldAndThatSaySomethingNew) {
-    const std::u16string phrase(300, u'x');
-    const std::u16string cut(254, u'x');
+    const std::u16string phrase(300, u'x'), cut(254, u'x');
     const struct {
         std::u16string_view present, text, after;
         I4 error = 0;
@@ -175,9 +164,10 @@ TEST(FormFile, TakesOnlyTextsThatItCanHoldAndThatSaySomethingNew) {
         {u"Oui", u"Yes \u20ac", u"Yes \u20ac"}, {u"Oui", u"", u""}, {u" Oui ", u"Oui", u" Oui "},
         {u" Oui ", u" Oui", u" Oui "}, {u"Oui", u" Oui ", u" Oui "}, {u"'Oui'", u"Oui", u"'Oui'"},
         {u"   ", u"", u"   "}, {phrase, cut, phrase}, {phrase, u"court", u"court"},
-        {u"Oui", u"Oui\r\nNon", u"Oui", 5}, {u"Oui", u"\u0416", u"Oui", 5}, {u"Oui", u"a\tb", u"a\tb"},
-        {u"\vOui\x1a", u"Oui", u"\vOui\x1a"}, {u"Oui\t ", u"Oui\t", u"Oui\t "}, {u"Oui\rNon", u"Oui", u"Oui\rNon"},
-        {{u"Oui\0Non", 7}, u"Oui", {u"Oui\0Non", 7}}, {u" 'Oui' ", u"'Oui'", u"'Oui'"},
+        {u"Oui", u"Oui\r\nNon", u"Oui", 5}, {u"Oui", u"Oui\r", u"Oui", 5}, {u"Oui", u"\u0416", u"Oui", 5},
+        {u"Oui", u"a\tb", u"a\tb"}, {u"\vOui\x1a", u"Oui", u"\vOui\x1a"}, {u"Oui\t ", u"Oui\t", u"Oui\t "},
+        {u"Oui\rNon", u"Oui", u"Oui\rNon"}, {{u"Oui\0Non", 7}, u"Oui", {u"Oui\0Non", 7}},
+        {u" 'Oui' ", u"'Oui'", u"'Oui'"},
         // clang-format on
     };
     for (const auto& row : rows) {
@@ -193,16 +183,15 @@ TEST(FormFile, IsALateBoundForm) {
     const auto form = formObject(documentOf(
         formWith("   Begin VB.ComboBox Liste\n Index = 3\n Height = &H8000000F&\n Shortcut = ^P\n Style = 2\n"
                  " Tag = \"t\"\"\"\n Width = 1.5\n End\n Begin VB.Line Trait\n End\n")));
-    EXPECT_EQ(readMember(form, u"NAME"), Variant(u"F"));
-    EXPECT_EQ(readMember(form, u"caption"), Variant(u""));
     const auto elements = form->elements();
     const auto list = *elements->next()->as<ObjectRef>();
-    const std::pair<std::u16string_view, Variant> properties[] = {{u"Index", I2{3}},
-                                                                  {u"Height", static_cast<I4>(0x8000000F)},
-                                                                  {u"Width", 1.5},
-                                                                  {u"Tag", u"t\""},
-                                                                  {u"Text", u""}};
-    for (const auto& [name, value] : properties) EXPECT_EQ(readMember(list, name), value);
+    const std::tuple<ObjectRef, std::u16string_view, Variant> properties[] = {
+        // clang-format off
+        {form, u"NAME", u"F"}, {form, u"caption", u""}, {list, u"Index", I2{3}}, {list, u"Width", 1.5},
+        {list, u"Height", static_cast<I4>(0x8000000F)}, {list, u"Tag", u"t\""}, {list, u"Text", u""},
+        // clang-format on
+    };
+    for (const auto& [object, name, value] : properties) EXPECT_EQ(readMember(object, name), value);
     for (const auto* member : {u"Shortcut", u"Caption", u"Nothing"})
         EXPECT_EQ(errorOf([&] { readMember(list, member); }), 438);
     for (const auto* member : {u"Text", u"name", u"Tag"})
