@@ -7,7 +7,6 @@
 #include "cli/value_text.h"
 #include "conversion/french_words.h"
 #include "frame/date_time.h"
-#include "frame/number_text.h"
 #include "frame/utf8.h"
 #include "support/test_platform.h"
 
@@ -24,13 +23,6 @@ Number take(Input& input) {
     return value;
 }
 
-/// Each byte as a character.
-inline std::u16string textOf(Input input) {
-    std::u16string text;
-    for (const char c : input) text += static_cast<std::uint8_t>(c);
-    return text;
-}
-
 /// Ends the process when a property doesn't hold, so that a fuzzer keeps the input.
 inline void require(bool holds, const char* property) {
     if (holds) return;
@@ -42,42 +34,6 @@ inline RegionalSettings anySettings(Input& input) {
     const auto bits = take<std::uint8_t>(input);
     const char16_t thousands = bits & 2 ? u'\u00A0' : bits & 1 ? u'.' : u',';
     return {bits & 1 ? u',' : u'.', thousands, static_cast<DateOrder>(bits / 4 % 3), 2029};
-}
-
-/// A prefix is never too much: what is a number as a whole in the plain settings has the same value as
-/// prefix.
-inline void prefixNumbers(Input input) {
-    const auto text = textOf(input);
-    const R8 prefix = prefixNumber(text);
-    require(std::isfinite(prefix), "a prefix number is finite");
-    require(prefixNumber(u"  " + text) == prefix, "leading blanks don't matter");
-    if (text.find_first_of(u", &-+\u00A0\u202F") != text.npos) return;
-    std::optional<R8> whole;
-    const auto error = testing::errorOf([&] { whole = wholeNumber(text, {}); });
-    require(!whole || *whole == prefix, "whole and prefix agree");
-    require(error == 0 || prefix == std::numeric_limits<R8>::max(), "an overflow is the largest number");
-}
-
-inline void wholeNumbers(Input input) {
-    const auto settings = anySettings(input);
-    const auto error = testing::errorOf([&] {
-        const auto value = wholeNumber(textOf(input), settings);
-        require(!value || std::isfinite(*value), "a whole number is finite");
-        const auto written = numberToText(value.value_or(0), settings.decimalSeparator);
-        require(wholeNumber(written, settings).has_value(), "a written number reads as one");
-    });
-    require(error == 0 || error == 6, "only an overflow is raised");
-}
-
-/// 15 digits survive the way to text and back, and a text is as short as it can be.
-inline void numbersToText(Input input) {
-    const auto value = take<R8>(input);
-    if (!std::isfinite(value)) return;
-    const auto text = numberToText(value);
-    require(text.size() <= 22, "a number's text is short");
-    const R8 back = prefixNumber(text);
-    require(std::fabs(back - value) <= std::fabs(value) * 1e-14, "the number comes back");
-    require(numberToText(back) == text || std::fabs(value) < 1e-307, "its text is stable");
 }
 
 inline void frenchWordsOfNumbers(Input input) {
@@ -98,7 +54,7 @@ inline void frenchWordsOfNumbers(Input input) {
 /// A moment read from text lies in the calendar, and comes back through its own text.
 inline void datesInText(Input input) {
     const auto settings = anySettings(input);
-    const auto moment = parseDate(textOf(input), settings);
+    const auto moment = parseDate(fromUtf8(input), settings);
     if (!moment) return;
     require(dayOf(*moment) >= firstDay && secondOfDay(*moment) <= 86399, "a moment of the calendar");
     require(parseDate(dateToText(*moment, settings), settings) == moment, "its text reads as itself");
@@ -123,10 +79,6 @@ inline void utf8Texts(Input input) {
     const auto clean = toUtf8(text);
     require(fromUtf8(clean) == text, "valid text survives");
     require(clean == input || text.find(u'\uFFFD') != text.npos, "only broken bytes change");
-    std::u16string wide(input.size() / 2, u'\0');
-    input.copy(reinterpret_cast<char*>(wide.data()), wide.size() * 2);
-    const auto written = toUtf8(wide);
-    require(toUtf8(fromUtf8(written)) == written, "what was written is valid");
 }
 
 /// A harness takes any bytes and ends the process when something is wrong. A new one is a function and a row.
@@ -137,9 +89,6 @@ struct Harness {
 };
 
 inline constexpr Harness harnesses[] = {
-    {"prefix", &prefixNumbers, "0123456789..--++eE  ,&Hx"},
-    {"whole", &wholeNumbers, "0123456789..,,-+eE &HhfF\xA0"},
-    {"number", &numbersToText, ""},
     {"words", &frenchWordsOfNumbers, ""},
     {"date", &datesInText, "0123456789//--..:: "},
     {"step", &stepTexts, "ab(=,)\"#[[..]]01299E -:TrueNothingEmptyNullFalse\xC3\xA9"},
