@@ -7,8 +7,7 @@
 namespace tovera::client {
 
 struct ShownBox {
-    std::wstring title;
-    std::wstring text;
+    std::wstring title, text;
     int flags = 0;  ///< 0, 16 or 64; by the icon, which only its own process can tell
 
     friend bool operator==(const ShownBox&, const ShownBox&) = default;

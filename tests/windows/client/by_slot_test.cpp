@@ -7,17 +7,16 @@ namespace {
 
 struct BySlot : ::testing::Test {
     /// The code of a failure, and the record of the thread with description, source and interface.
-    static void expectFailure(HRESULT status, int number, const char* description, REFIID interfaceId) {
+    static void expectFailure(HRESULT status, int number, const wchar_t* description, REFIID interfaceId) {
         EXPECT_EQ(static_cast<unsigned long>(status), 0x800A0000UL + static_cast<unsigned long>(number));
         Pointer<IErrorInfo> record;
         ASSERT_EQ(GetErrorInfo(0, record.out()), S_OK);
-        Value text;
-        Value source;
+        Value text, source;
         GUID failed{};
         record->GetDescription(text.textOut());
         record->GetSource(source.textOut());
         record->GetGUID(&failed);
-        EXPECT_EQ(utf8(text.text()), description);
+        EXPECT_EQ(text, Value(description));
         EXPECT_EQ(source, Value(L"KADRELDLL"));
         EXPECT_TRUE(IsEqualGUID(failed, interfaceId));
     }
@@ -29,21 +28,20 @@ struct BySlot : ::testing::Test {
     double number = 0.996;
     VARIANT_BOOL isAmount = VARIANT_FALSE;
     DATE date = 7;
-    long seconds = 7;
 };
 
 TEST_F(BySlot, FailuresLeaveDefaultsAndARecord) {
     Value notAYear = L"abc";
-    expectFailure(dates->Paques(notAYear.address(), &date), 13, "Type incompatible", __uuidof(_Cls_Date));
+    expectFailure(dates->Paques(notAYear.address(), &date), 13, L"Type incompatible", __uuidof(_Cls_Date));
     EXPECT_EQ(date, 0);
     auto* words = reinterpret_cast<BSTR>(1);
     expectFailure(conversion->ConvertirNombreEnLettre(&number, &isAmount, &words), 9,
-                  "Indice hors des limites", __uuidof(_Cls_Conversion));
+                  L"Indice hors des limites", __uuidof(_Cls_Conversion));
     EXPECT_EQ(words, nullptr);
     VARIANT one = Value(1).get();
     VARIANT result;
     result.vt = VT_DISPATCH;  // whatever stood there isn't looked at
-    expectFailure(math->AngleTrigo(&one, &one, &one, &one, &result), 6, "Dépassement de capacité",
+    expectFailure(math->AngleTrigo(&one, &one, &one, &one, &result), 6, L"Dépassement de capacité",
                   __uuidof(_Cls_Math));
     EXPECT_EQ(result.vt, VT_EMPTY);
     EXPECT_EQ(math->Hypothenuse(&one, &one, &one, &one, &result), S_OK) << "usable after a failure";
@@ -69,15 +67,11 @@ TEST_F(BySlot, NullAddressesAreRefusedAndNullTextsAreEmpty) {
 TEST_F(BySlot, AVariablePassedTwiceIsOneVariable) {
     const auto registry = component.create<Cls_InitREG, _Cls_InitREG>();
     const Value path = L"HKEY_CURRENT_USER\\Software\\TOVERA client";
-    Value key = path;
-    Value name = L"Software\\TOVERA client";
-    Value result;
-    EXPECT_EQ(registry->CreerREG_Cle(key.textAddress(), result.out()), S_OK);
-    key = path;
-    auto* const both = key.textAddress();
-    EXPECT_EQ(registry->EcrireREG_STRING(both, both, both, result.out()), S_OK);
-    key = path;
-    EXPECT_EQ(registry->LireREG_STRING(key.textAddress(), name.textAddress(), result.out()), S_OK);
+    Value made = path, written = path, read = path, name = L"Software\\TOVERA client", result;
+    EXPECT_EQ(registry->CreerREG_Cle(made.textAddress(), result.out()), S_OK);
+    auto* const all = written.textAddress();
+    EXPECT_EQ(registry->EcrireREG_STRING(all, all, all, result.out()), S_OK);
+    EXPECT_EQ(registry->LireREG_STRING(read.textAddress(), name.textAddress(), result.out()), S_OK);
     EXPECT_EQ(result, Value(L"Software\\TOVERA client")) << "the path was cut when name and text were read";
 }
 

@@ -47,30 +47,21 @@ class Value {
 
     /// The default of a type, with every bit 0.
     static Value of(VARTYPE type) { return Value(static_cast<VARENUM>(type)); }
-    static Value truth(bool value) {
-        return Value(VT_BOOL, [=](VARIANT& v) { v.boolVal = value ? -1 : 0; });
-    }
-    static Value date(DATE value) {
-        return Value(VT_DATE, [=](VARIANT& v) { v.date = value; });
-    }
-    static Value missing() {
-        return Value(VT_ERROR, [](VARIANT& v) { v.scode = DISP_E_PARAMNOTFOUND; });
-    }
+    static Value truth(bool value) { return Value(short(value ? -1 : 0)).tagged(VT_BOOL); }
+    static Value date(DATE value) { return Value(value).tagged(VT_DATE); }
+    static Value missing() { return Value(static_cast<int>(DISP_E_PARAMNOTFOUND)).tagged(VT_ERROR); }
     /// An array with bounds 1 to the number of texts.
     static Value texts(std::initializer_list<std::wstring> texts);
     /// A reference to a variable of the caller.
     static Value reference(VARTYPE type, void* variable) {
-        return Value(static_cast<VARENUM>(type | VT_BYREF), [=](VARIANT& v) { v.byref = variable; });
+        auto made = of(static_cast<VARTYPE>(type | VT_BYREF));
+        made.variant_.byref = variable;
+        return made;
     }
     /// A reference to what it holds, which must be of this type, or to itself as a `VARIANT`.
     Value referred(VARTYPE type) {
         return reference(type, type == VT_VARIANT ? static_cast<void*>(&variant_) : &variant_.byref);
     }
-    /// The same value with another type; any value is a `VARIANT`.
-    void become(VARTYPE type) {
-        if (type != VT_VARIANT && type != variant_.vt) VariantChangeType(&variant_, &variant_, 0, type);
-    }
-
     VARTYPE type() const { return variant_.vt; }
     const VARIANT& get() const { return variant_; }
     VARIANT* address() { return &variant_; }
@@ -84,15 +75,25 @@ class Value {
     std::wstring text() const {
         return {variant_.bstrVal ? variant_.bstrVal : L"", SysStringLen(variant_.bstrVal)};
     }
+    /// Any value as a text, as far as it can be one.
+    std::wstring shown() const {
+        Value changed;
+        VariantChangeType(&changed.variant_, const_cast<VARIANT*>(&variant_), 0, VT_BSTR);
+        return changed.text();
+    }
 
-    friend bool operator==(const Value& left, const Value& right);
-    friend std::ostream& operator<<(std::ostream& out, const Value& value);
+    friend bool operator==(const Value& left, const Value& right) {
+        return left.type() == right.type() && left.shown() == right.shown();
+    }
+    friend std::ostream& operator<<(std::ostream& out, const Value& value) {
+        return out << "type " << value.type() << " " << utf8(value.shown());
+    }
 
   private:
     explicit Value(VARENUM type) : variant_{} { variant_.vt = static_cast<VARTYPE>(type); }
-    template <class Fill>
-    Value(VARENUM type, Fill fill) : Value(type) {
-        fill(variant_);
+    Value tagged(VARTYPE type) && {
+        variant_.vt = type;
+        return *this;
     }
 
     VARIANT variant_;

@@ -7,10 +7,14 @@
 
 namespace tovera::client {
 
-/// The component's file, loaded as the system loads it, without any registration.
+/// The component's file, which lies beside this program, loaded as the system loads it, without any
+/// registration.
 class Component {
   public:
-    static const Component& loaded();
+    static const Component& loaded() {
+        static const Component component;
+        return component;
+    }
 
     const std::wstring& file() const { return file_; }
     HMODULE module() const { return module_; }
@@ -22,7 +26,11 @@ class Component {
     bool canUnloadNow() const { return run("DllCanUnloadNow") == S_OK; }
     HRESULT run(const char* name) const { return call<HRESULT(STDAPICALLTYPE*)()>(name)(); }
 
-    Pointer<IClassFactory> factory(REFCLSID classId) const;
+    Pointer<IClassFactory> factory(REFCLSID classId) const {
+        Pointer<IClassFactory> found;
+        EXPECT_EQ(classObject(classId, IID_IClassFactory, found.outAny()), S_OK);
+        return found;
+    }
 
     /// A new object through its class factory.
     template <class Interface>
@@ -37,7 +45,11 @@ class Component {
     }
 
   private:
-    Component();
+    Component() : file_(MAX_PATH, L'\0') {
+        file_.resize(GetModuleFileNameW(nullptr, file_.data(), MAX_PATH));
+        file_.replace(file_.find_last_of(L'\\') + 1, file_.npos, L"TOVERA.dll");
+        module_ = LoadLibraryW(file_.c_str());
+    }
 
     template <class Function>
     Function call(const char* name) const {

@@ -2,7 +2,8 @@
 
 namespace tovera::client {
 
-Invocation invoke(IDispatch* object, const std::wstring& member, std::vector<Argument> arguments, WORD kind) {
+Invocation invoke(IDispatch* object, const std::wstring& member, std::vector<Argument> arguments, WORD kind,
+                  ITypeInfo* slots) {
     Invocation call;
     std::vector<LPOLESTR> names{const_cast<LPOLESTR>(member.c_str())};
     std::vector<VARIANT> given;  // the last argument first; named ones stand in front of those by place
@@ -19,8 +20,11 @@ Invocation invoke(IDispatch* object, const std::wstring& member, std::vector<Arg
     DISPPARAMS parameters{given.data(), named.data(), static_cast<UINT>(given.size()),
                           static_cast<UINT>(named.size())};
     EXCEPINFO exception{};
-    call.status = object->Invoke(ids[0], IID_NULL, 0, kind, &parameters, call.result.out(), &exception,
-                                 &call.argumentAtFault);
+    auto* const result = call.result.out();
+    call.status =
+        slots ? slots->Invoke(object, ids[0], kind, &parameters, result, &exception, &call.argumentAtFault)
+              : object->Invoke(ids[0], IID_NULL, 0, kind, &parameters, result, &exception,
+                               &call.argumentAtFault);
     *call.description.textOut() = exception.bstrDescription;
     *call.source.textOut() = exception.bstrSource;
     call.code = exception.scode;

@@ -19,16 +19,15 @@ struct Argument {
 /// A call through `GetIDsOfNames` and `Invoke`, and all that it gave back.
 struct Invocation {
     HRESULT status = S_OK;
-    Value result;
-    Value description;
-    Value source;
+    Value result, description, source;
     HRESULT code = S_OK;
     UINT argumentAtFault = 999;
 };
 
-/// Arguments in their declared order, those with a name last.
+/// Arguments in their declared order, those with a name last. With the description of the slots the call goes
+/// straight to the member's slot, as early-bound ones do.
 Invocation invoke(IDispatch* object, const std::wstring& member, std::vector<Argument> arguments,
-                  WORD kind = DISPATCH_METHOD | DISPATCH_PROPERTYGET);
+                  WORD kind = DISPATCH_METHOD | DISPATCH_PROPERTYGET, ITypeInfo* slots = nullptr);
 
 /// The call goes well and gives this.
 void expectResult(IDispatch* object, const std::wstring& member, std::vector<Argument> arguments,

@@ -28,8 +28,7 @@ Pointer<ITypeInfo> Library::at(unsigned distance) const {
 }
 
 Documentation documentationOf(ITypeInfo* info, MEMBERID member) {
-    Value name;
-    Value help;
+    Value name, help;
     info->GetDocumentation(member, name.textOut(), help.textOut(), nullptr, nullptr);
     return {utf8(name.text()), utf8(help.text())};
 }
@@ -56,18 +55,13 @@ VARTYPE typeOf(const TYPEDESC& type) {
 }
 
 std::string typeName(VARTYPE type) {
-    static const std::map<VARTYPE, std::string> names{{VT_BSTR, "BSTR"},
-                                                      {VT_VARIANT, "VARIANT"},
-                                                      {VT_BOOL, "VARIANT_BOOL"},
-                                                      {VT_DATE, "DATE"},
-                                                      {VT_DISPATCH, "IDispatch"},
-                                                      {VT_I2, "I2"},
-                                                      {VT_I4, "I4"},
-                                                      {VT_R4, "R4"},
-                                                      {VT_R8, "R8"},
-                                                      {VT_UI1, "UI1"},
-                                                      {VT_EMPTY, "none"},
-                                                      {VT_ARRAY | VT_BSTR, "SAFEARRAY(BSTR)"}};
+    static const std::map<VARTYPE, std::string> names{
+        // clang-format off
+        {VT_BSTR, "BSTR"}, {VT_VARIANT, "VARIANT"}, {VT_BOOL, "VARIANT_BOOL"}, {VT_DATE, "DATE"},
+        {VT_DISPATCH, "IDispatch"}, {VT_I2, "I2"}, {VT_I4, "I4"}, {VT_R4, "R4"}, {VT_R8, "R8"}, {VT_UI1, "UI1"},
+        {VT_EMPTY, "none"}, {VT_ARRAY | VT_BSTR, "SAFEARRAY(BSTR)"},
+        // clang-format on
+    };
     const auto found = names.find(type);
     return found == names.end() ? "type " + std::to_string(type) : found->second;
 }
@@ -76,7 +70,7 @@ namespace {
 
 Member memberOf(ITypeInfo* info, const FUNCDESC& function) {
     const auto [name, help] = documentationOf(info, function.memid);
-    Member member{name, help, function.invkind, function.oVft, {}, VT_EMPTY};
+    Member member{name, help, function.invkind, {}, VT_EMPTY};
     EXPECT_EQ(function.elemdescFunc.tdesc.vt, VT_HRESULT) << name;
     BSTR names[16]{};
     UINT known = 0;

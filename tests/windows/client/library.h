@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <vector>
 
 #include "client/component.h"
@@ -11,16 +10,13 @@ namespace tovera::client {
 struct Parameter {
     std::string name;  ///< of a property the one that its slot for reading has, so none for the value
     VARTYPE type;
-    bool byReference;
-    bool optional;
+    bool byReference, optional;
 };
 
 /// A function of an interface.
 struct Member {
-    std::string name;
-    std::string help;
+    std::string name, help;
     INVOKEKIND kind;
-    short offset;  ///< of its slot, in bytes
     std::vector<Parameter> parameters;
     VARTYPE result;
 };
@@ -45,8 +41,7 @@ class Library {
 extern const std::vector<std::string> publishedNames;
 
 struct Documentation {
-    std::string name;
-    std::string help;
+    std::string name, help;
 };
 Documentation documentationOf(ITypeInfo* info, MEMBERID member = MEMBERID_NIL);
 TYPEATTR attributesOf(ITypeInfo* info);

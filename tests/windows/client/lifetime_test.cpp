@@ -1,6 +1,5 @@
 #include <functional>
 
-#include "boxes/box_recorder.h"
 #include "client/form.h"
 #include "client/invocation.h"
 
@@ -38,24 +37,20 @@ TEST(Lifetime, ManyCallsLeaveNoMemoryBehind) {
     expectNoLeak("objects", [&] { component.create<Cls_Conversion, IDispatch>(); });
     expectNoLeak("calls by name", [&] {
         invoke(conversion.get(), L"IntituleMonnaie", {L"euro"}, DISPATCH_PROPERTYPUT);
-        expectResult(conversion.get(), L"ConvertirNombreEnLettre", {71, Value::truth(true)},
-                     L"soixante et onze euros");
-        Value source = L"a\u0416";
-        Value target = L"##";
+        invoke(conversion.get(), L"ConvertirNombreEnLettre", {71, Value::truth(true)});
+        Value source = L"a\u0416", target = L"##";
         invoke(conversion.get(), L"ConvertirOemAnsi",
-               {source.referred(VT_VARIANT), target.referred(VT_VARIANT)});
+               {source.referred(VT_VARIANT), target.referred(VT_BSTR)});
     });
     expectNoLeak("failing calls by name", [&] {
-        invoke(conversion.get(), L"ConvertirNombreEnLettre", {0.996, Value::truth(true)});
-        invoke(conversion.get(), L"ConvertirNombreEnLettre", {L"abc", Value::truth(true)});
+        for (const Value& refused : {Value(0.996), Value(L"abc")})
+            invoke(conversion.get(), L"ConvertirNombreEnLettre", {refused, Value::truth(true)});
         invoke(conversion.get(), L"ConvertirNombreEnLettre", {1});
-        invoke(conversion.get(), L"Inconnu", {1});
     });
     expectNoLeak("calls by slot", [&] {
-        Value text;
-        dates->SecondeEnHeure(90000, text.textOut());
-        Value notAYear = L"abc";
+        Value text, notAYear = L"abc";
         DATE date = 0;
+        dates->SecondeEnHeure(90000, text.textOut());
         dates->Paques(notAYear.address(), &date);
         SetErrorInfo(0, nullptr);
     });
@@ -67,24 +62,6 @@ TEST(Lifetime, ManyCallsLeaveNoMemoryBehind) {
         Pointer<ITypeInfo> info;
         dates->GetTypeInfo(0, 0, info.out());
     });
-}
-
-TEST(Lifetime, LastReferenceDroppedDuringACall) {
-    const auto& component = Component::loaded();
-    auto conversion = component.create<Cls_Conversion, _Cls_Conversion>();
-    auto* const last = conversion.get();
-    bool aliveDuringCall = false;
-    BoxRecorder boxes([&] {
-        conversion.Reset();
-        aliveDuringCall = !component.canUnloadNow();
-    });
-    Value typed = L"1a";
-    Value cleaned = L"before";
-    EXPECT_EQ(last->Ctrl_SaiseNombre(typed.textAddress(), cleaned.textOut()), S_OK);
-    EXPECT_EQ(boxes.shown().size(), 1U);
-    EXPECT_TRUE(aliveDuringCall);
-    EXPECT_EQ(cleaned, Value(L""));
-    EXPECT_TRUE(component.canUnloadNow());
 }
 
 /// An argument that runs code of its client while it is looked at.

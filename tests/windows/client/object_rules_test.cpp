@@ -9,12 +9,13 @@ namespace {
 constexpr IID nobodysInterface{0x0BADF00D, 0x1234, 0x4321, {1, 2, 3, 4, 5, 6, 7, 8}};
 
 struct ObjectRules : ::testing::Test {
-    /// The call is refused, and nothing stands at its address.
+    /// The call is refused, and nothing stands at its address; without one it is refused as well.
     template <class Call>
     static void expectNothing(HRESULT status, Call call) {
         void* found = &found;
         EXPECT_EQ(call(&found), status);
         EXPECT_EQ(found, nullptr);
+        EXPECT_EQ(call(nullptr), E_POINTER);
     }
 
     const Component& component = Component::loaded();
@@ -34,19 +35,16 @@ TEST_F(ObjectRules, IdentityIsOneAndInterfacesReachEachOther) {
     EXPECT_EQ(dates.as<IUnknown>(IID_IDispatch).get(), static_cast<IUnknown*>(dates.get()));
     for (const auto& unknown : {nobodysInterface, __uuidof(_Cls_Math), IID_IClassFactory, IID_IPersist})
         expectNothing(E_NOINTERFACE, [&](void** found) { return dates->QueryInterface(unknown, found); });
-    EXPECT_EQ(dates->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
 }
 
 TEST_F(ObjectRules, ReferencesAreCounted) {
     EXPECT_EQ(dates->AddRef(), 2U);
     EXPECT_EQ(dates.as<ISupportErrorInfo>(IID_ISupportErrorInfo)->AddRef(), 4U);
     EXPECT_EQ(dates->Release(), 2U);
-    EXPECT_EQ(dates->Release(), 1U);
     long seconds = 0;
     EXPECT_EQ(dates->Chrono(1, 2, &seconds), S_OK);
     EXPECT_EQ(dates->Chrono(-2147483647 - 1, 2147483647, &seconds), static_cast<HRESULT>(0x800A0006));
-    EXPECT_EQ(dates->AddRef(), 2U) << "a call gives back the reference that it takes, also when it fails";
-    dates->Release();
+    EXPECT_EQ(dates->Release(), 1U) << "a call gives back the reference that it takes, also when it fails";
 }
 
 TEST_F(ObjectRules, ErrorAndTypeInformation) {
@@ -59,13 +57,14 @@ TEST_F(ObjectRules, ErrorAndTypeInformation) {
     EXPECT_EQ(documentationOf(info.get()).name, "Cls_Date");
     ASSERT_EQ(dates->GetTypeInfo(0, 0, info.out()), S_OK);
     EXPECT_EQ(documentationOf(info.get()).name, "_Cls_Date");
-    EXPECT_EQ(dates->GetTypeInfo(1, 0, info.out()), DISP_E_BADINDEX);
+    expectNothing(DISP_E_BADINDEX, [&](void** found) {
+        return dates->GetTypeInfo(1, 0, reinterpret_cast<ITypeInfo**>(found));
+    });
     UINT count = 0;
     EXPECT_EQ(dates->GetTypeInfoCount(&count), S_OK);
     EXPECT_EQ(count, 1U);
     EXPECT_EQ(provider->GetClassInfo(nullptr), E_POINTER);
     EXPECT_EQ(dates->GetTypeInfoCount(nullptr), E_POINTER);
-    EXPECT_EQ(dates->GetTypeInfo(0, 0, nullptr), E_POINTER);
 }
 
 TEST_F(ObjectRules, ClassFactoriesRefuseWhatTheyHaveNot) {
@@ -75,13 +74,12 @@ TEST_F(ObjectRules, ClassFactoriesRefuseWhatTheyHaveNot) {
     expectNothing(CLASS_E_CLASSNOTAVAILABLE, classObject(nobodysInterface, IID_IClassFactory));
     expectNothing(CLASS_E_CLASSNOTAVAILABLE, classObject(__uuidof(_Cls_Date), IID_IClassFactory));
     expectNothing(E_NOINTERFACE, classObject(__uuidof(Cls_Date), IID_IDispatch));
-    EXPECT_EQ(component.classObject(__uuidof(Cls_Date), IID_IClassFactory, nullptr), E_POINTER);
     const auto factory = component.factory(__uuidof(Cls_Date));
-    expectNothing(CLASS_E_NOAGGREGATION,
-                  [&](void** found) { return factory->CreateInstance(dates.get(), IID_IUnknown, found); });
-    expectNothing(E_NOINTERFACE,
-                  [&](void** found) { return factory->CreateInstance(nullptr, __uuidof(_Cls_Math), found); });
-    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
+    const auto instance = [&](IUnknown* outer, REFIID interfaceId) {
+        return [=, &interfaceId](void** found) { return factory->CreateInstance(outer, interfaceId, found); };
+    };
+    expectNothing(CLASS_E_NOAGGREGATION, instance(dates.get(), IID_IUnknown));
+    expectNothing(E_NOINTERFACE, instance(nullptr, __uuidof(_Cls_Math)));
 }
 
 TEST_F(ObjectRules, UnloadingWaitsForObjectsAndLocks) {
@@ -101,15 +99,15 @@ TEST_F(ObjectRules, UnloadingWaitsForObjectsAndLocks) {
 /// The numbers and texts that the file's own properties show.
 TEST_F(ObjectRules, VersionBlock) {
     DWORD ignored = 0;
-    const auto& file = component.file();
-    std::string block(GetFileVersionInfoSizeW(file.c_str(), &ignored), '\0');
-    ASSERT_TRUE(GetFileVersionInfoW(file.c_str(), 0, static_cast<DWORD>(block.size()), block.data()));
+    const auto* const file = component.file().c_str();
+    std::string block(GetFileVersionInfoSizeW(file, &ignored), '\0');
+    ASSERT_TRUE(GetFileVersionInfoW(file, 0, static_cast<DWORD>(block.size()), block.data()));
     void* found = nullptr;
     UINT length = 0;
     ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", &found, &length));
     const auto& fixed = *static_cast<VS_FIXEDFILEINFO*>(found);
-    for (const DWORD major : {fixed.dwFileVersionMS, fixed.dwProductVersionMS}) EXPECT_EQ(major, 0x10000U);
-    for (const DWORD minor : {fixed.dwFileVersionLS, fixed.dwProductVersionLS}) EXPECT_EQ(minor, 0U);
+    EXPECT_TRUE(fixed.dwFileVersionMS == 0x10000 && fixed.dwFileVersionLS == 0);
+    EXPECT_TRUE(fixed.dwProductVersionMS == 0x10000 && fixed.dwProductVersionLS == 0);
     const std::pair<std::wstring, const wchar_t*> texts[] = {
         {L"FileVersion", L"1.00"},    {L"ProductVersion", L"1.00"},         {L"ProductName", L"HoldDLL"},
         {L"InternalName", L"TOVERA"}, {L"OriginalFilename", L"TOVERA.dll"}, {L"OLESelfRegister", L""},

@@ -10,18 +10,14 @@ namespace {
 std::wstring treeOf(HKEY parent, const std::wstring& name, const std::wstring& path) {
     HKEY key = nullptr;
     if (RegOpenKeyExW(parent, name.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return {};
-    std::wstring all;
-    std::vector<wchar_t> found(16384);
-    std::vector<wchar_t> data(16384);
-    DWORD length = 16384;
-    DWORD size = 32768;
-    DWORD type = 0;
-    for (DWORD i = 0; RegEnumValueW(key, i, found.data(), &length, nullptr, &type,
+    std::wstring all, found(16384, L'\0'), data(16384, L'\0');
+    DWORD length = 16384, size = 32768;
+    for (DWORD i = 0; RegEnumValueW(key, i, found.data(), &length, nullptr, nullptr,
                                     reinterpret_cast<BYTE*>(data.data()), &size) == ERROR_SUCCESS;
          ++i, length = 16384, size = 32768)
-        all += std::wstring(found.data(), length) + L"=" + std::wstring(data.data(), size / 2) + L"\n";
+        all += found.substr(0, length) + L"=" + data.substr(0, size / 2) + L"\n";
     for (DWORD i = 0; RegEnumKeyW(key, i, found.data(), length) == ERROR_SUCCESS; ++i)
-        all += treeOf(key, found.data(), path + L"\\" + found.data());
+        all += treeOf(key, found.c_str(), path + L"\\" + found.c_str());
     RegCloseKey(key);
     return all + L"[" + path + L"]\n";
 }
@@ -57,15 +53,15 @@ void expectCreation(const std::string& name) {
     EXPECT_EQ(documentationOf(info.get()).name, "_" + name);
 }
 
-/// Calls an object of this thread from another apartment, by way of the system's marshalling.
-DWORD WINAPI callFromElsewhere(void* parameter) {
+/// Calls an object of another thread by way of the system's marshalling, which the registration makes
+/// possible.
+DWORD WINAPI callFromElsewhere(void* stream) {
     CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     long seconds = -1;
-    {
-        Pointer<_Cls_Date> dates;
-        CoGetInterfaceAndReleaseStream(static_cast<IStream*>(parameter), __uuidof(_Cls_Date), dates.outAny());
-        if (dates) dates->Chrono(82800, 3600, &seconds);
-    }
+    Pointer<_Cls_Date> dates;
+    CoGetInterfaceAndReleaseStream(static_cast<IStream*>(stream), __uuidof(_Cls_Date), dates.outAny());
+    if (dates) dates->Chrono(82800, 3600, &seconds);
+    dates.Reset();
     CoUninitialize();
     return static_cast<DWORD>(seconds);
 }
@@ -74,11 +70,9 @@ void expectCallsFromOtherApartments() {
     const auto dates = Component::loaded().create<Cls_Date, _Cls_Date>();
     IStream* stream = nullptr;
     ASSERT_EQ(CoMarshalInterThreadInterfaceInStream(__uuidof(_Cls_Date), dates.get(), &stream), S_OK);
-    const HANDLE thread = CreateThread(nullptr, 0, callFromElsewhere, stream, 0, nullptr);
-    DWORD index = 0;
-    HANDLE handle = thread;
-    EXPECT_EQ(CoWaitForMultipleHandles(0, 30000, 1, &handle, &index), S_OK);
-    DWORD seconds = 0;
+    HANDLE thread = CreateThread(nullptr, 0, callFromElsewhere, stream, 0, nullptr);
+    DWORD index = 0, seconds = 0;
+    EXPECT_EQ(CoWaitForMultipleHandles(0, 30000, 1, &thread, &index), S_OK);
     GetExitCodeThread(thread, &seconds);
     CloseHandle(thread);
     EXPECT_EQ(seconds, 7200U);
@@ -102,10 +96,10 @@ TEST(Registration, LeavesTheRegistryAsItWas) {
     expectCallsFromOtherApartments();
     Pointer<ITypeLib> registeredLibrary;
     EXPECT_EQ(LoadRegTypeLib(library.attributes().guid, 1, 0, 0, registeredLibrary.out()), S_OK);
-    ASSERT_EQ(regsvr32(L"/u"), 0);
-    EXPECT_TRUE(snapshot() == before);
-    EXPECT_EQ(regsvr32(L"/u"), 0) << "a second time";
-    EXPECT_TRUE(snapshot() == before);
+    for (const auto* again : {"", "a second time"}) {
+        ASSERT_EQ(regsvr32(L"/u"), 0) << again;
+        EXPECT_TRUE(snapshot() == before) << again;
+    }
 }
 
 /// A stand-in for the machine's part of the registry, for this process alone.
@@ -113,30 +107,36 @@ class OwnMachine {
   public:
     OwnMachine() {
         RegCreateKeyW(HKEY_CURRENT_USER, L"Software\\TOVERA machine", &key_);
-        HKEY classes = nullptr;
-        RegCreateKeyW(key_, L"Software\\Classes", &classes);
-        RegCloseKey(classes);
+        RegCreateKeyW(key_, L"Software\\Classes", &classes_);
         RegOverridePredefKey(HKEY_LOCAL_MACHINE, key_);
     }
     OwnMachine(const OwnMachine&) = delete;
     OwnMachine& operator=(const OwnMachine&) = delete;
     ~OwnMachine() {
         RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
-        if (denied_) {
-            setRights(nullptr);
-            RegCloseKey(denied_);
-        }
+        setRights(nullptr);
+        RegCloseKey(classes_);
         RegDeleteTreeW(key_, nullptr);
         RegCloseKey(key_);
         RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\TOVERA machine");
     }
 
-    /// From here on nobody may write to a key of it.
-    void deny(const wchar_t* path) {
-        RegCreateKeyW(key_, path, &denied_);
+    /// From here on nobody may write to its classes.
+    void deny() {
         ACL nobody{};
         InitializeAcl(&nobody, sizeof nobody, ACL_REVISION);
         setRights(&nobody);
+    }
+
+    /// Has a key where nothing can be made: the way to a key that isn't there.
+    void makeDeadEnd(const wchar_t* name) {
+        HKEY link = nullptr;
+        const std::wstring nowhere = L"\\Registry\\Machine\\TOVERA nowhere\\at all";
+        RegCreateKeyExW(classes_, name, 0, nullptr, REG_OPTION_CREATE_LINK, KEY_ALL_ACCESS, nullptr, &link,
+                        nullptr);
+        RegSetValueExW(link, L"SymbolicLinkValue", 0, REG_LINK, reinterpret_cast<const BYTE*>(nowhere.data()),
+                       static_cast<DWORD>(nowhere.size() * sizeof(wchar_t)));
+        RegCloseKey(link);
     }
 
   private:
@@ -144,16 +144,15 @@ class OwnMachine {
         SECURITY_DESCRIPTOR descriptor{};
         InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION);
         SetSecurityDescriptorDacl(&descriptor, TRUE, rights, FALSE);
-        EXPECT_EQ(RegSetKeySecurity(denied_, DACL_SECURITY_INFORMATION, &descriptor), ERROR_SUCCESS);
+        EXPECT_EQ(RegSetKeySecurity(classes_, DACL_SECURITY_INFORMATION, &descriptor), ERROR_SUCCESS);
     }
 
-    HKEY key_ = nullptr;
-    HKEY denied_ = nullptr;
+    HKEY key_ = nullptr, classes_ = nullptr;
 };
 
 TEST(Registration, WithoutRightsForAllUsersItIsForTheCurrentOne) {
     OwnMachine machine;
-    machine.deny(L"Software\\Classes");
+    machine.deny();
     const auto before = snapshot();
     EXPECT_EQ(Component::loaded().run("DllRegisterServer"), S_OK);
     const auto after = snapshot();
@@ -164,16 +163,8 @@ TEST(Registration, WithoutRightsForAllUsersItIsForTheCurrentOne) {
 }
 
 TEST(Registration, OneThatFailsLeavesNothingBehind) {
-    const OwnMachine machine;
-    HKEY libraries = nullptr;  // where no key can be made: the way to a key that isn't there
-    DWORD disposition = 0;
-    RegCreateKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\TypeLib", 0, nullptr, REG_OPTION_CREATE_LINK,
-                    KEY_ALL_ACCESS, nullptr, &libraries, &disposition);
-    const std::wstring nowhere = L"\\Registry\\Machine\\TOVERA nowhere\\at all";
-    RegSetValueExW(libraries, L"SymbolicLinkValue", 0, REG_LINK,
-                   reinterpret_cast<const BYTE*>(nowhere.data()),
-                   static_cast<DWORD>(nowhere.size() * sizeof(wchar_t)));
-    RegCloseKey(libraries);
+    OwnMachine machine;
+    machine.makeDeadEnd(L"TypeLib");
     const auto before = snapshot();
     EXPECT_EQ(countOf(before, L"[LM"), 1U) << "an empty machine";
     EXPECT_TRUE(FAILED(Component::loaded().run("DllRegisterServer")));
