@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "database/class_table.h"
-#include "platform/linux/user_home.h"
+#include "frame/utf8.h"
 #include "support/named_calls.h"
+#include "support/user_home.h"
 
 namespace tovera::testing {
 namespace {
@@ -93,18 +94,22 @@ struct Sql : UserHome {
 TEST_F(Sql, declaringWritesEverythingInItsOrder) {
     files.makeFile("a.mdb");
     odbc.sources = {excel, access, {"BASE", "SQL Server"}};
+    const auto driver = toUtf8(systemFolder) + "\\odbcjt32.dll";
     EXPECT_EQ(declare(), Variant(u"Creation OK"));
     EXPECT_EQ(odbc.used, 0);
     EXPECT_EQ(files.textOf("WINDOWS/ODBC.INI"),
               "[ODBC 32 bit Data Sources]\r\nBase=Microsoft Access Driver (*.mdb) (32 bit)\r\n"
-              "[Base]\r\nDriver32=C:\\WINDOWS\\SYSTEM32\\odbcjt32.dll\r\n");
+              "[Base]\r\nDriver32=" +
+                  driver + "\r\n");
     EXPECT_EQ(registry.done,
               "\nODBC Data Sources: Base=Microsoft Access Driver (*.mdb), "
               "\n+Base\n+Base\\Engines\n+Base\\Engines\\Jet"
-              "\nBase: DBQ=C:\\a.mdb, Description=Base, Driver=C:\\WINDOWS\\SYSTEM32\\odbcjt32.dll, "
-              "FIL=MS Access;, UID=, SafeTransactions=#0, DriverId=#25, "
-              "\nBase\\Engines\\Jet: ImplicitCommitSync=, UserCommitSync=Yes, MaxBufferSize=#2048, "
-              "PageTimeout=#5, Threads=#3, ");
+              "\nBase: DBQ=C:\\a.mdb, Description=Base, Driver=" +
+                  driver +
+                  ", "
+                  "FIL=MS Access;, UID=, SafeTransactions=#0, DriverId=#25, "
+                  "\nBase\\Engines\\Jet: ImplicitCommitSync=, UserCommitSync=Yes, MaxBufferSize=#2048, "
+                  "PageTimeout=#5, Threads=#3, ");
 }
 
 TEST_F(Sql, whatStandsInTheWay) {

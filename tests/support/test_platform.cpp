@@ -23,8 +23,12 @@ I4 TestServices::messageBox(const Bstr& text, I4 flags, const Bstr& title) {
 
 std::string TestServices::toAnsi(std::u16string_view text) {
     std::string bytes;
-    for (const auto c : text)
-        bytes += c == u'\u3042' ? "\x82\xA0" : std::string(1, c < 256 ? static_cast<char>(c) : '?');
+    for (const auto c : text) {
+        if (c == u'\u3042')
+            bytes += "\x82\xA0";
+        else
+            bytes += c < 256 ? static_cast<char>(c) : c == u'\u0416' ? 'J' : '?';
+    }
     return bytes;
 }
 

@@ -17,7 +17,7 @@ struct ShownBox {
 };
 
 /// Services that record what a member does with them. The code page maps every character below 256 to its
-/// own byte, and the hiragana A to two.
+/// own byte, the hiragana A to two, and the cyrillic Zh to the J that looks like it best.
 class TestServices : public Services {
   public:
     using Services::messageBox;

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/linux/odbc32.h"
-#include "platform/linux/user_home.h"
+#include "support/user_home.h"
 
 namespace tovera::testing {
 namespace {
@@ -10,6 +10,10 @@ const std::string sourcesKey = "Software\\ODBC\\ODBC.INI\\";
 
 /// Data sources in the registry, and in the file of unixODBC.
 struct DataSources : UserHomeWithStore {
+    DataSources() { setenv("ODBCINI", odbcFile.c_str(), 1); }
+    ~DataSources() override { unsetenv("ODBCINI"); }
+
+    const std::string odbcFile = files.onC("odbc.ini");
     const std::string database = files.onC("a.mdb");
     LinuxOdbc32 odbc;
 

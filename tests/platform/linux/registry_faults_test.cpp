@@ -5,7 +5,8 @@
 #include <sys/stat.h>
 
 #include "platform/linux/child_process.h"
-#include "platform/linux/user_home.h"
+#include "platform/linux/registry_status.h"
+#include "support/user_home.h"
 
 namespace tovera::testing {
 namespace {

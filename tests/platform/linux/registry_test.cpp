@@ -2,8 +2,9 @@
 #include <numeric>
 
 #include "platform/linux/code_pages.h"
-#include "platform/linux/user_home.h"
+#include "platform/linux/registry_status.h"
 #include "registry/cls_initreg.h"
+#include "support/user_home.h"
 
 namespace tovera::testing {
 namespace {

@@ -1,35 +1,38 @@
 #pragma once
 
-#include "platform/linux/advapi32.h"
-#include "platform/linux/entry_point.h"
-#include "platform/linux/registry_status.h"
-#include "platform/linux/temporary_folder.h"
+#include "own_home.h"
 #include "support/test_platform.h"
 
 namespace tovera::testing {
 
-/// Whether this system has what the store is made with.
-inline bool hasStore() {
-#if __has_include(<lmdb.h>)
-    return SharedLibrary("liblmdb.so.0").isPresent();
-#else
-    return false;
-#endif
-}
-
 /// The registry, with an eye on what only other platforms would punish.
-struct WatchedRegistry : LinuxAdvapi32 {
-    using LinuxAdvapi32::LinuxAdvapi32;
+struct WatchedRegistry : OwnRegistry {
+    using OwnRegistry::OwnRegistry;
+    I4 RegOpenKeyExA(I4 key, const AnsiText& subKey, I4 options, I4 access, I4& opened) override {
+        const auto status = OwnRegistry::RegOpenKeyExA(key, subKey, options, access, opened);
+        leftOpen += status == 0 ? 1 : 0;
+        return status;
+    }
+    I4 RegCreateKeyA(I4 key, const AnsiText& subKey, I4& created) override {
+        const auto status = OwnRegistry::RegCreateKeyA(key, subKey, created);
+        leftOpen += status == 0 ? 1 : 0;
+        return status;
+    }
     I4 RegQueryValueExA(I4 key, const AnsiText& name, I4& type, std::span<std::byte> data,
                         I4& size) override {
         EXPECT_EQ(static_cast<std::size_t>(size), data.size()) << "the size of another buffer";
-        return LinuxAdvapi32::RegQueryValueExA(key, name, type, data, size);
+        return OwnRegistry::RegQueryValueExA(key, name, type, data, size);
     }
     I4 RegDeleteKeyA(I4 key, const AnsiText& subKey) override {
         ++deletions;
-        return LinuxAdvapi32::RegDeleteKeyA(key, subKey);
+        return OwnRegistry::RegDeleteKeyA(key, subKey);
+    }
+    I4 RegCloseKey(I4 key) override {
+        --leftOpen;
+        return OwnRegistry::RegCloseKey(key);
     }
     int deletions = 0;
+    int leftOpen = 0;  ///< keys; below 0 when one was closed that wasn't opened
 };
 
 /// A registry of its own on a store, as another process would have it, and a user of its entry points: opens
@@ -56,7 +59,7 @@ struct RegistryUser {
             I4 size = 0;
             type = valueTypes::binary;
             const auto status = registry.RegQueryValueExA(key, {name}, type, {}, size);
-            if (status != registryStatus::moreData) return status;
+            if (status != 0 && status != 234) return status;
             data.resize(static_cast<std::size_t>(size));
             const auto room = std::as_writable_bytes(std::span(data));
             type = valueTypes::binary;
@@ -64,7 +67,7 @@ struct RegistryUser {
         });
     }
     bool reads(const std::string& path, const std::string& name, const std::string& expected) {
-        return read(path, name) == registryStatus::success && data == expected;
+        return read(path, name) == 0 && data == expected;
     }
     I4 remove(const std::string& path) { return registry.RegDeleteKeyA(root, {path}); }
     bool has(const std::string& path) {
@@ -88,28 +91,24 @@ struct RegistryUser {
     }
 };
 
-/// The Linux home with a data folder, a registry and an ODBC file of the test's own. Its message boxes are
-/// kept.
+/// The home with files and a registry of the test's own. Its message boxes are kept.
 struct UserHome : ::testing::Test {
     UserHome() {
         ON_CALL(services, createObject).WillByDefault([](auto id) {
             return home().services.createObject(id);
         });
-        setenv("ODBCINI", odbcFile.c_str(), 1);
     }
-    ~UserHome() override { unsetenv("ODBCINI"); }
 
     UserFolder files;
     ::testing::NiceMock<TestServices> services;
     RegistryUser user{files.onC("registry")};
     Platform platform{services, home().user32, home().kernel32, home().files, user.registry, home().odbc32};
-    const std::string odbcFile = files.onC("odbc.ini");
 };
 
 /// For tests that need a registry.
 struct UserHomeWithStore : UserHome {
     void SetUp() override {
-        if (!hasStore()) GTEST_SKIP() << "LMDB isn't installed";
+        if (!hasRegistry()) GTEST_SKIP() << "LMDB isn't installed";
     }
 };
 

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/linux/advapi32.h"
+#include "platform/linux/entry_point.h"
+#include "platform/linux/temporary_folder.h"
+
+namespace tovera::testing {
+
+/// A registry on a store of the test's own.
+using OwnRegistry = LinuxAdvapi32;
+
+/// Whether this system has what the store is made with.
+inline bool hasRegistry() {
+#if __has_include(<lmdb.h>)
+    return SharedLibrary("liblmdb.so.0").isPresent();
+#else
+    return false;
+#endif
+}
+
+constexpr const char16_t* windowsFolder = u"C:\\WINDOWS";
+constexpr const char16_t* systemFolder = u"C:\\WINDOWS\\SYSTEM32";
+constexpr const char16_t* shortName = u"C:\\UNLONG~1";  ///< of C:\un long nom
+
+}  // namespace tovera::testing
