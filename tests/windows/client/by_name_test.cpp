@@ -53,6 +53,9 @@ TEST_F(ByName, ChangedVariablesKeepTheirType) {
     EXPECT_EQ(inner.type(), VT_R8 | VT_BYREF);
     EXPECT_EQ(whole, Value(-2.56));
     EXPECT_EQ(text, Value(-2.56));
+    CY money{.int64 = 100000};
+    expectResult(math.get(), L"MesurePrincipale", {Value::reference(VT_CY, &money)}, -2.56F);
+    EXPECT_EQ(money.int64, -25600);
 
     Value source = L"\u201A\u0416";  // an accented letter in the code page of the console, and one of no page
     Value target = L"####";
