@@ -13,6 +13,7 @@ Check "a number in words", conversion.ConvertirNombreEnLettre(value, True), "dou
 Check "a text that stays one", value, "12"
 Check "an angle", CreateObject("KADRELDLL.Cls_Math").MesurePrincipale(value), CSng(-0.56)
 Check "a text that became a number", VarType(value), 5
+Check "a text for SQL", CreateObject("KADRELDLL.Cls_SQL").RepAPOS("l'été"), "l''été"
 Check "a time as a number", dates.HeureEnSeconde(TimeSerial(1, 1, 1)), CLng(3661)
 value = "HKEY_CURRENT_USER\Software\TOVERA essais"
 Check "no result", registry.CreerREG_Cle(value), Empty
@@ -36,4 +37,4 @@ Check "its text", Err.Description, "Type incompatible"
 CheckError "its number", 13
 conversion.NoSuchMember 1
 CheckError "an unknown member", 438
-Finish 17
+Finish 18
