@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstdint>
 #include <initializer_list>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -78,7 +77,8 @@ struct WordTable {
 };
 constexpr WordTable table;
 
-/// Writes words one behind the other to where the text stays.
+/// Writes words one behind the other to where the text stays. It goes from function to function by value, so
+/// that the place of the next word never has to wait for memory.
 class Words {
   public:
     explicit Words(char16_t* place) : end_(place) {}
@@ -113,11 +113,12 @@ const LongField& DizainesEnLettres(unsigned v) {
 }
 
 /// The words of one group of three digits.
-void CentainesEnLettres(Words& words, unsigned v) {
+Words CentainesEnLettres(Words words, unsigned v) {
     const unsigned h = v / 100;
     const unsigned r = v % 100;
     if (h > 0) words << (r == 0 ? table.centaines : table.centainesEt)[h];
     if (r > 0) words << DizainesEnLettres(r);
+    return words;
 }
 
 struct Group {
@@ -163,27 +164,25 @@ Digits cutDigits(R8 v) {
     return {value(digits.substr(0, 9)), value(digits.substr(digits.size() - 3))};
 }
 
-void groupEnLettres(Words& words, unsigned value, const Group& group) {
-    if (value == 0) return;
-    if (value > 1 || group.countsOne) CentainesEnLettres(words, value);
-    words << (value == 1 ? group.one : group.many);
+Words groupEnLettres(Words words, unsigned value, const Group& group) {
+    if (value == 0) return words;
+    if (value > 1 || group.countsOne) words = CentainesEnLettres(words, value);
+    return words << (value == 1 ? group.one : group.many);
 }
 
 /// The words of a number's whole part.
-void GroupesEnLettres(Words& words, R8 v) {
-    if (v < 1) {
-        words << zero;
-        return;
-    }
+Words GroupesEnLettres(Words words, R8 v) {
+    if (v < 1) return words << zero;
     auto* const first = words.end();
     const auto [firstNine, u] = cutDigits(v);
     if (firstNine != 0) {
-        groupEnLettres(words, firstNine / 1'000'000, milliard);
-        groupEnLettres(words, firstNine / 1000 % 1000, million);
-        groupEnLettres(words, firstNine % 1000, mille);
+        words = groupEnLettres(words, firstNine / 1'000'000, milliard);
+        words = groupEnLettres(words, firstNine / 1000 % 1000, million);
+        words = groupEnLettres(words, firstNine % 1000, mille);
     }
-    CentainesEnLettres(words, u);
+    words = CentainesEnLettres(words, u);
     words.trimFrom(first);
+    return words;
 }
 
 /// The hundredths of a number with whole part t, 0 to 100.
@@ -192,10 +191,11 @@ UI1 PartieDecimale(R8 x, R8 t) {
 }
 
 /// The hundredths with their label or a closing blank.
-void DecimalesEnLettres(Words& words, UI1 d, const CurrencyLabels* labels) {
+Words DecimalesEnLettres(Words words, UI1 d, const CurrencyLabels* labels) {
     words << DizainesEnLettres(d) << blank;
     if (labels) words << labels->small;
     if (labels && d > 1) words << plural;
+    return words;
 }
 
 /// Room for the words, and for the fields that are copied whole: an exact one where it can be a short text.
@@ -218,10 +218,10 @@ Bstr frenchWords(R8 number, const CurrencyLabels* labels) {
     return Bstr::written(roomFor(number, t, d, labels), [&](char16_t* place) {
         Words words(place);
         if (number < 0) words << minus;
-        GroupesEnLettres(words, x);
+        words = GroupesEnLettres(words, x);
         if (labels) words << blank << labels->main;
         if (labels && t != 0 && t != 1) words << plural;
-        if (d != 0) DecimalesEnLettres(words << joint, d, labels);
+        if (d != 0) words = DecimalesEnLettres(words << joint, d, labels);
         return words.end();
     });
 }
