@@ -87,6 +87,35 @@ TEST_F(RegistryFaults, processesLoseNothingOfEachOther) {
     expectFilled(processes * writes + 1);
 }
 
+TEST_F(RegistryFaults, anotherProcessMayLetTheStoreGrow) {
+    Numbers user(store);
+    ASSERT_EQ(user.create(keyPath), success);
+    const std::string big(1'000'000, 'b');
+    const auto grow = [&](int) {
+        RegistryUser other(store);
+        for (int i = 0; i < 50; ++i)
+            if (other.write(keyPath, "big" + std::to_string(i), big) != success) return 1;
+        return 0;
+    };
+    EXPECT_TRUE(succeedsInEach(1, grow));
+    EXPECT_EQ(user.writeNumber(7), success);
+    EXPECT_TRUE(user.hasNumber(7) && user.reads(keyPath, "big49", big));
+}
+
+TEST_F(RegistryFaults, aStoreThatTookTheOldOnesPlaceGetsTheWrites) {
+    Numbers user(store);
+    ASSERT_EQ(user.create(keyPath), success);
+    std::filesystem::rename(store, store + ".old");
+    const auto make = [&](int) {
+        Numbers other(store);
+        return other.create(keyPath) == success && other.writeNumber(1) == success ? 0 : 1;
+    };
+    EXPECT_TRUE(succeedsInEach(1, make));
+    EXPECT_EQ(user.writeNumber(0), success);
+    EXPECT_TRUE(succeedsInEach(1, [&](int) { return Numbers(store).hasNumber(0) ? 0 : 1; }));
+    EXPECT_TRUE(user.hasNumber(1));
+}
+
 /// Writes until the disk is full, makes room, and looks whether all is as reported.
 int fillTheDisk(const std::string& store, const std::function<void()>& makeRoom) {
     RegistryUser user(store);
