@@ -1,6 +1,13 @@
 #include "language/language_entry.h"
 
 namespace tovera {
+namespace {
+
+/// The status of the system itself for a missing parent folder (an HRESULT). There are file system objects
+/// that answer with it instead of error 76.
+constexpr auto systemPathNotFound = static_cast<I4>(0x80070003U);
+
+}  // namespace
 
 Bstr LireEntreeLangue(Platform& platform, Bstr file, Bstr section, Bstr key, Bstr defaultValue) {
     FixedText<255> buffer(u'\0');
@@ -24,7 +31,10 @@ void createMissingFolder(FailuresIgnored& step, Services& services, Bstr& file) 
     step([&] {
         exists = convert.to<VariantBool>(callMember(fileSystem, u"FolderExists", Reference(&folder)));
     });
-    if (!exists) step([&] { callMember(fileSystem, u"CreateFolder", Reference(&folder)); });
+    if (exists) return;
+    step([&] { callMember(fileSystem, u"CreateFolder", Reference(&folder)); });
+    if (step.error.number == systemPathNotFound)
+        step.error.number = static_cast<I4>(ErrorNumber::PathNotFound);
 }
 
 }  // namespace tovera

@@ -40,15 +40,6 @@ class OutgoingArgument {
     bool isReference_ = false;
 };
 
-/// A failing status as it stands, or where it says in the system's words what an Automation error has a
-/// number for, that error. There are file system objects that don't translate theirs.
-ReturnCode codeOfStatus(HRESULT status) {
-    if (status == DISP_E_MEMBERNOTFOUND) return codeOf(static_cast<I4>(ErrorNumber::NoSuchMember));
-    if (status == HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND))
-        return codeOf(static_cast<I4>(ErrorNumber::PathNotFound));
-    return static_cast<ReturnCode>(status);
-}
-
 /// The record of an exception, whose texts are freed.
 class Exception {
   public:
@@ -64,8 +55,9 @@ class Exception {
 
     [[noreturn]] void raise() {
         if (info_.pfnDeferredFillIn) info_.pfnDeferredFillIn(&info_);
-        const auto code = info_.wCode != 0 ? codeOf(info_.wCode)
-                                           : codeOfStatus(info_.scode != 0 ? info_.scode : DISP_E_EXCEPTION);
+        const auto code = info_.wCode != 0   ? codeOf(info_.wCode)
+                          : info_.scode != 0 ? static_cast<ReturnCode>(info_.scode)
+                                             : static_cast<ReturnCode>(DISP_E_EXCEPTION);
         throw AutomationError(code, textOf(info_.bstrDescription), textOf(info_.bstrSource));
     }
 
@@ -74,8 +66,8 @@ class Exception {
 };
 
 [[noreturn]] void raiseStatus(HRESULT status) {
-    const auto code = codeOfStatus(status);
-    throw AutomationError(code, descriptionOf(numberOf(code)));
+    if (status == DISP_E_MEMBERNOTFOUND) raise(ErrorNumber::NoSuchMember);
+    throw AutomationError(static_cast<ReturnCode>(status), {});
 }
 
 /// The arguments in the order that `Invoke` takes, the last one first.
