@@ -14,23 +14,23 @@ add_custom_command(OUTPUT ${automation_library}
     DEPENDS ${automation_functions})
 add_custom_target(automation_library DEPENDS ${automation_library})
 # What a function does before the library is loaded is found through a table only, which keeps nothing alive.
-file(STRINGS ${automation_functions} first_calls REGEX "@")
-list(TRANSFORM first_calls STRIP)
-list(TRANSFORM first_calls PREPEND "LINKER:--undefined,_")
+file(STRINGS ${automation_functions} calls_before_loading REGEX "@")
+list(TRANSFORM calls_before_loading STRIP)
+list(TRANSFORM calls_before_loading PREPEND "LINKER:--undefined,_")
 
 file(GLOB layer CONFIGURE_DEPENDS src/platform/windows/*.cpp)
 add_library(tovera_logic STATIC ${logic} ${layer})
 add_dependencies(tovera_logic automation_library)
 # Before ole32, which has some of the same functions, but on newer systems only.
 target_link_libraries(tovera_logic PUBLIC tovera_options ${automation_library} ole32 uuid advapi32 gdi32)
-target_link_options(tovera_logic INTERFACE ${first_calls})
+target_link_options(tovera_logic INTERFACE ${calls_before_loading})
 target_compile_definitions(tovera_logic PUBLIC
     WIN32_LEAN_AND_MEAN NOMINMAX WINVER=0x0600 _WIN32_WINNT=0x0600)
 
-# The road that every call takes is worth its size.
-file(GLOB road CONFIGURE_DEPENDS src/frame/*.cpp src/catalogue/*.cpp src/automation/*.cpp
+# What every call runs through is worth its size.
+file(GLOB call_path CONFIGURE_DEPENDS src/frame/*.cpp src/catalogue/*.cpp src/automation/*.cpp
     src/platform/windows/variants.cpp src/platform/windows/caller_variables.cpp)
-set_source_files_properties(${road} PROPERTIES COMPILE_OPTIONS -O3)
+set_source_files_properties(${call_path} PROPERTIES COMPILE_OPTIONS -O3)
 
 include(TypeLibrary)
 

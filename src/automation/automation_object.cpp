@@ -33,7 +33,7 @@ HRESULT STDMETHODCALLTYPE getTypeInfo(DualInterface* self, UINT index, LCID, ITy
     if (!found) return E_POINTER;
     *found = nullptr;
     if (index != 0) return DISP_E_BADINDEX;
-    return findTypeInfo(self->object->shellClass().interfaceId, found);
+    return findTypeInfo(self->object->publishedClass().interfaceId, found);
 }
 
 HRESULT STDMETHODCALLTYPE getIdsOfNames(DualInterface* self, REFIID reserved, LPOLESTR* names, UINT count,
@@ -63,10 +63,10 @@ std::array<Slot, standardSlots> standardSlotFunctions() {
             reinterpret_cast<Slot>(&invoke)};
 }
 
-AutomationObject::AutomationObject(const ShellClass& shellClass)
-    : ComponentObject(shellClass.description(), home().services),
-      shellClass_(shellClass),
-      dual_{shellClass.slots, this} {
+AutomationObject::AutomationObject(const PublishedClass& publishedClass)
+    : ComponentObject(publishedClass.description(), home().services),
+      publishedClass_(publishedClass),
+      dual_{publishedClass.slots, this} {
     ModuleState::addObject();
 }
 
@@ -77,7 +77,7 @@ AutomationObject::~AutomationObject() {
 STDMETHODIMP AutomationObject::QueryInterface(REFIID interfaceId, void** found) {
     if (!found) return E_POINTER;
     if (interfaceId == IID_IUnknown || interfaceId == IID_IDispatch ||
-        interfaceId == shellClass_.interfaceId) {
+        interfaceId == publishedClass_.interfaceId) {
         *found = &dual_;
     } else if (interfaceId == IID_ISupportErrorInfo) {
         *found = static_cast<ISupportErrorInfo*>(this);
@@ -105,13 +105,13 @@ STDMETHODIMP_(ULONG) AutomationObject::Release() {
 }
 
 STDMETHODIMP AutomationObject::InterfaceSupportsErrorInfo(REFIID interfaceId) {
-    return interfaceId == shellClass_.interfaceId ? S_OK : S_FALSE;
+    return interfaceId == publishedClass_.interfaceId ? S_OK : S_FALSE;
 }
 
 STDMETHODIMP AutomationObject::GetClassInfo(ITypeInfo** found) {
     if (!found) return E_POINTER;
     *found = nullptr;
-    return findTypeInfo(shellClass_.classId, found);
+    return findTypeInfo(publishedClass_.classId, found);
 }
 
 }  // namespace tovera

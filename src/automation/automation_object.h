@@ -12,7 +12,7 @@ using Slot = void (*)();
 inline constexpr std::size_t standardSlots = 7;
 
 /// What the shell needs to know of a class: its identities, and the slots of its dual interface.
-struct ShellClass {
+struct PublishedClass {
     const ClassDescription& (*description)();
     const Slot* slots;
     /// A new object with one reference.
@@ -39,9 +39,9 @@ class AutomationObject : public ComponentObject,
                          public ISupportErrorInfo,
                          public IProvideClassInfo {
   public:
-    explicit AutomationObject(const ShellClass& shellClass);
+    explicit AutomationObject(const PublishedClass& publishedClass);
 
-    const ShellClass& shellClass() const { return shellClass_; }
+    const PublishedClass& publishedClass() const { return publishedClass_; }
     IDispatch* dispatch() noexcept override { return reinterpret_cast<IDispatch*>(&dual_); }
     using ComponentObject::instance;
 
@@ -57,7 +57,7 @@ class AutomationObject : public ComponentObject,
     ~AutomationObject() override;
 
   private:
-    const ShellClass& shellClass_;
+    const PublishedClass& publishedClass_;
     DualInterface dual_;
 };
 

@@ -19,7 +19,7 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID interfaceId, v
     if (outer) return CLASS_E_NOAGGREGATION;
     try {
         ComPointer<IDispatch> object;
-        *object.out() = shellClass_.create();
+        *object.out() = publishedClass_.create();
         return object->QueryInterface(interfaceId, created);
     } catch (...) {
         return statusOfCurrentException();

@@ -8,7 +8,7 @@ namespace tovera {
 /// wants the component to stay while holding nothing but a factory locks it.
 class ClassFactory : public IClassFactory {
   public:
-    explicit ClassFactory(const ShellClass& shellClass) : shellClass_(shellClass) {}
+    explicit ClassFactory(const PublishedClass& publishedClass) : publishedClass_(publishedClass) {}
 
     STDMETHODIMP QueryInterface(REFIID interfaceId, void** found) override;
     STDMETHODIMP_(ULONG) AddRef() override { return 2; }
@@ -17,7 +17,7 @@ class ClassFactory : public IClassFactory {
     STDMETHODIMP LockServer(BOOL lock) override;
 
   private:
-    const ShellClass& shellClass_;
+    const PublishedClass& publishedClass_;
 };
 
 }  // namespace tovera

@@ -115,7 +115,7 @@ HRESULT callByName(AutomationObject& object, DISPID id, WORD kind, const DISPPAR
 HRESULT callBySlot(AutomationObject& object, std::size_t slot, std::span<const VARIANT> arguments,
                    std::span<std::byte> result) noexcept {
     const auto& member = object.description().members[slot];
-    const IID interfaceId = object.shellClass().interfaceId;
+    const IID interfaceId = object.publishedClass().interfaceId;
     std::array<const VARIANT*, mostParameters> given{};
     std::ranges::transform(arguments, given.begin(), [](const VARIANT& argument) { return &argument; });
     MemberCall call;

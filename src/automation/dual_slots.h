@@ -104,8 +104,8 @@ struct SlotFunction<I, NoResult, std::tuple<Parameters...>> {
 
 template <class C, std::size_t I>
 Slot slotFunction() {
-    using S = typename std::tuple_element_t<I, std::remove_const_t<decltype(ClassTable<C>::members)>>::S;
-    return reinterpret_cast<Slot>(&SlotFunction<I, typename S::Value, typename S::ParameterList>::call);
+    using F = typename std::tuple_element_t<I, std::remove_const_t<decltype(ClassTable<C>::members)>>::F;
+    return reinterpret_cast<Slot>(&SlotFunction<I, typename F::Value, typename F::ParameterList>::call);
 }
 
 /// The slots of the class's dual interface, the standard ones first.

@@ -1,7 +1,7 @@
 #include "automation/failures.h"
 #include "automation/module_state.h"
+#include "automation/published_classes.h"
 #include "automation/registration.h"
-#include "automation/shell_classes.h"
 
 // The four functions that the component exports.
 

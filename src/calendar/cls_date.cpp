@@ -26,25 +26,26 @@ Bstr swapFields(std::u16string_view s) {
 }  // namespace
 
 Date Cls_Date::Paques(const Variant& Annee) {
-    const Arithmetic vb(platform_.services);
+    const Arithmetic arithmetic(platform_.services);
     const auto dayOfYear = [&](I2 month, I2 day) {
-        const auto year = vb.convert().to<I2>(Annee);
+        const auto year = arithmetic.convert().to<I2>(Annee);
         return dateFromParts(year, month, day, platform_.services.regionalSettings());
     };
-    const auto equals = [&](R8 year) { return vb.compareToNumber(Annee, year) == 0; };
+    const auto equals = [&](R8 year) { return arithmetic.compareToNumber(Annee, year) == 0; };
     if (equals(1954) || equals(2049)) return dayOfYear(4, 18);
     if (equals(1981) || equals(2076)) return dayOfYear(4, 19);
 
-    const auto a = vb.modulo(Annee, I2{19});
-    const auto b = vb.modulo(Annee, I2{4});
-    const auto c = vb.modulo(Annee, I2{7});
-    const auto d = vb.modulo(vb.add(vb.multiply(I2{19}, a), I2{24}), I2{30});
-    const auto twoB = vb.multiply(I2{2}, b);
-    const auto fourC = vb.multiply(I2{4}, c);
-    const auto sixD = vb.multiply(I2{6}, d);
-    const auto e = vb.modulo(vb.add(vb.add(vb.add(twoB, fourC), sixD), I2{5}), I2{7});
+    const auto a = arithmetic.modulo(Annee, I2{19});
+    const auto b = arithmetic.modulo(Annee, I2{4});
+    const auto c = arithmetic.modulo(Annee, I2{7});
+    const auto d = arithmetic.modulo(arithmetic.add(arithmetic.multiply(I2{19}, a), I2{24}), I2{30});
+    const auto twoB = arithmetic.multiply(I2{2}, b);
+    const auto fourC = arithmetic.multiply(I2{4}, c);
+    const auto sixD = arithmetic.multiply(I2{6}, d);
+    const auto e =
+        arithmetic.modulo(arithmetic.add(arithmetic.add(arithmetic.add(twoB, fourC), sixD), I2{5}), I2{7});
     const auto march22 = dayOfYear(3, 22);
-    return Date{march22.days + vb.convert().to<R8>(d) + vb.convert().to<R8>(e)};
+    return Date{march22.days + arithmetic.convert().to<R8>(d) + arithmetic.convert().to<R8>(e)};
 }
 
 Variant Cls_Date::DateFRtoUS(const Bstr& strDateFR) {

@@ -23,7 +23,7 @@ struct Reported {
 };
 
 /// What stands in the way of a new source, by the list of those that there are; empty for nothing.
-Bstr lookThroughSources(const Platform& platform, I4 environment, std::u16string_view name) {
+Bstr findAmongSources(const Platform& platform, I4 environment, std::u16string_view name) {
     Bstr result = noDriver;
     auto& library = platform.odbc32;
     if (library.SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, SQL_OV_ODBC3, SQL_IS_INTEGER) !=
@@ -60,7 +60,7 @@ Bstr Cls_SQL::VerifierLienODBC(const Bstr& lien) {
     if (library.SQLAllocHandle(SQL_HANDLE_ENV, 0, environment) != SQL_SUCCESS) return noDriver;
     Bstr result;
     try {
-        result = lookThroughSources(platform_, environment, lien);
+        result = findAmongSources(platform_, environment, lien);
     } catch (...) {
         library.SQLFreeHandle(SQL_HANDLE_ENV, environment);
         throw;

@@ -22,10 +22,10 @@ struct ParameterDescription {
 /// One member: types and modes come out of the signature of its function.
 template <auto Function, CallKind Kind>
 struct Row {
-    using S = Signature<decltype(Function)>;
+    using F = MemberFunction<decltype(Function)>;
     static constexpr auto function = Function;
     static constexpr CallKind kind = Kind;
-    static constexpr std::size_t parameterCount = std::tuple_size_v<typename S::ParameterList>;
+    static constexpr std::size_t parameterCount = std::tuple_size_v<typename F::ParameterList>;
 
     std::string_view name;
     std::string_view help;
@@ -42,7 +42,7 @@ struct Row {
   private:
     template <std::size_t I>
     constexpr ParameterDescription describe() const {
-        using Traits = ParameterTraits<std::tuple_element_t<I, typename S::ParameterList>>;
+        using Traits = ParameterTraits<std::tuple_element_t<I, typename F::ParameterList>>;
         static_assert(typeOf<typename Traits::Value> != Type::None,
                       "a parameter type that Automation has not");
         return {parameterNames[I], typeOf<typename Traits::Value>, Traits::mode};
@@ -109,7 +109,7 @@ namespace detail {
 template <auto Function, class... Parameters>
 ReturnCode invokeByName(std::tuple<Parameters...>*, Object& self, void* instance, Services& services,
                         std::span<Variant> arguments, Variant& result, ErrorRecord& failure) noexcept {
-    using S = Signature<decltype(Function)>;
+    using F = MemberFunction<decltype(Function)>;
     auto binding = ErrorRecord::noArgument;
     const auto call = [&]<std::size_t... I>(std::index_sequence<I...>) {
         const Conversions convert(services);
@@ -119,11 +119,11 @@ ReturnCode invokeByName(std::tuple<Parameters...>*, Object& self, void* instance
         };
         return [&](Argument<Parameters>... bound) {
             binding = ErrorRecord::noArgument;
-            typename S::Value value{};
-            const auto code = runMember<Function>(self, *static_cast<typename S::Class*>(instance), value,
+            typename F::Value value{};
+            const auto code = runMember<Function>(self, *static_cast<typename F::Class*>(instance), value,
                                                   failure, bound.pass()...);
             (bound.writeBack(convert), ...);
-            if constexpr (!std::is_same_v<typename S::Value, NoResult>) result = std::move(value);
+            if constexpr (!std::is_same_v<typename F::Value, NoResult>) result = std::move(value);
             return code;
         }(Argument<Parameters>(at(I), convert)...);
     };
@@ -140,7 +140,7 @@ ReturnCode invokeByName(std::tuple<Parameters...>*, Object& self, void* instance
 template <auto Function>
 ReturnCode invoker(Object& self, void* instance, Services& services, std::span<Variant> arguments,
                    Variant& result, ErrorRecord& failure) noexcept {
-    constexpr typename Signature<decltype(Function)>::ParameterList* parameters = nullptr;
+    constexpr typename MemberFunction<decltype(Function)>::ParameterList* parameters = nullptr;
     return invokeByName<Function>(parameters, self, instance, services, arguments, result, failure);
 }
 
@@ -155,7 +155,7 @@ MemberDescription describeMember() {
     member.name = row.name;
     member.help = row.help;
     member.kind = R::kind;
-    member.result = typeOf<typename R::S::Value>;
+    member.result = typeOf<typename R::F::Value>;
     member.parameters = parametersOf<C, I>;
     member.invoke = &invoker<R::function>;
     member.published = row.published;

@@ -64,7 +64,7 @@ ReturnCode runInFrame(Object& self, Logic&& logic, R& result, ErrorRecord& failu
 
 /// What a member function declares: its class, result and parameters, a `Result` parameter taken apart.
 template <class Function>
-struct Signature;
+struct MemberFunction;
 
 template <class C, class R, class... Parameters>
 struct SplitResult {
@@ -96,24 +96,24 @@ template <class First, class... Rest>
 requires(sizeof...(Rest) > 0) inline constexpr bool endsWithResult<First, Rest...> = endsWithResult<Rest...>;
 
 template <class C, class R, class... Parameters>
-struct Signature<R (C::*)(Parameters...)>
+struct MemberFunction<R (C::*)(Parameters...)>
     : std::conditional_t<endsWithResult<Parameters...>, SplitAssigned<C, std::tuple<>, Parameters...>,
                          SplitResult<C, R, Parameters...>> {};
 template <class C, class R, class... Parameters>
-struct Signature<R (C::*)(Parameters...) const> : Signature<R (C::*)(Parameters...)> {};
+struct MemberFunction<R (C::*)(Parameters...) const> : MemberFunction<R (C::*)(Parameters...)> {};
 
 /// Runs a member function on an instance inside the frame of its object.
 template <auto Function, class... Arguments>
-ReturnCode runMember(Object& self, typename Signature<decltype(Function)>::Class& instance,
-                     typename Signature<decltype(Function)>::Value& result, ErrorRecord& failure,
+ReturnCode runMember(Object& self, typename MemberFunction<decltype(Function)>::Class& instance,
+                     typename MemberFunction<decltype(Function)>::Value& result, ErrorRecord& failure,
                      Arguments&&... arguments) noexcept {
-    using S = Signature<decltype(Function)>;
+    using F = MemberFunction<decltype(Function)>;
     return runInFrame(
         self,
-        [&](Result<typename S::Value>& assigned) {
-            if constexpr (S::assigns) {
+        [&](Result<typename F::Value>& assigned) {
+            if constexpr (F::assigns) {
                 (instance.*Function)(std::forward<Arguments>(arguments)..., assigned);
-            } else if constexpr (std::is_same_v<typename S::Value, NoResult>) {
+            } else if constexpr (std::is_same_v<typename F::Value, NoResult>) {
                 (instance.*Function)(std::forward<Arguments>(arguments)...);
             } else {
                 assigned = (instance.*Function)(std::forward<Arguments>(arguments)...);

@@ -8,8 +8,8 @@
 namespace tovera {
 
 /// One-dimensional Automation array of texts, `SAFEARRAY(BSTR)`: may never have been dimensioned, and may be
-/// of a size that its owner has fixed. Operations on it raise error 9 for an index outside its bounds or an
-/// array without bounds, and error 10 for a change of bounds that a fixed array refuses.
+/// of a size that the code that made it has fixed. Operations on it raise error 9 for an index outside its
+/// bounds or an array without bounds, and error 10 for a change of bounds that a fixed array refuses.
 class StringArray {
   public:
     /// A dynamic array that has not been dimensioned yet.

@@ -84,7 +84,7 @@ class Variant {
 };
 
 /// What the value stands for once references to other variables have been followed. A chain of references
-/// that bites its own tail raises error 13.
+/// that leads back to itself raises error 13.
 Variant dereferenced(const Variant& value);
 
 /// The caller's variable at the end of a chain of references to `VARIANT`s, which is value itself when it

@@ -34,20 +34,20 @@ R8 distance(R8 dx, R8 dy) {
 }  // namespace
 
 R4 Cls_Math::MesurePrincipale(Variant& Angle) {
-    const Arithmetic vb(platform_.services);
-    const auto& convert = vb.convert();
-    if (vb.compareToNumber(Angle, Pi) > 0) {
+    const Arithmetic arithmetic(platform_.services);
+    const auto& convert = arithmetic.convert();
+    if (arithmetic.compareToNumber(Angle, Pi) > 0) {
         convert.store(&Angle, withoutTurns(checkedFloat(convert.to<R8>(Angle))));
-    } else if (vb.compareToNumber(Angle, -Pi) < 0) {
+    } else if (arithmetic.compareToNumber(Angle, -Pi) < 0) {
         convert.store(&Angle, -withoutTurns(-checkedFloat(convert.to<R8>(Angle))));
     }
     return convert.to<R4>(Angle);
 }
 
 Variant Cls_Math::Hypothenuse(const Variant& X1, const Variant& Y1, const Variant& X2, const Variant& Y2) {
-    const Arithmetic vb(platform_.services);
-    const auto dx = vb.convert().to<R8>(vb.subtract(X1, X2));
-    const auto dy = vb.convert().to<R8>(vb.subtract(Y1, Y2));
+    const Arithmetic arithmetic(platform_.services);
+    const auto dx = arithmetic.convert().to<R8>(arithmetic.subtract(X1, X2));
+    const auto dy = arithmetic.convert().to<R8>(arithmetic.subtract(Y1, Y2));
     return distance(dx, dy);
 }
 
@@ -60,9 +60,9 @@ R4 Cls_Math::InverseSinus(const Variant& x) {
 }
 
 Variant Cls_Math::AngleTrigo(const Variant& x, const Variant& y, const Variant& cx, const Variant& cy) {
-    const Arithmetic vb(platform_.services);
-    const auto dx = vb.convert().to<R8>(vb.subtract(x, cx));
-    const auto dy = vb.convert().to<R8>(vb.subtract(y, cy));
+    const Arithmetic arithmetic(platform_.services);
+    const auto dx = arithmetic.convert().to<R8>(arithmetic.subtract(x, cx));
+    const auto dy = arithmetic.convert().to<R8>(arithmetic.subtract(y, cy));
     const R8 r = distance(dx, dy);
     const R8 cs = checkedDivide(dx, r);
     const R8 sn = checkedDivide(dy, r);

@@ -19,7 +19,7 @@ constexpr const char* textNames[] = {"Caption", "Text", "ToolTipText"};
 /// The bytes of the sample forms, by their file names.
 std::vector<std::pair<std::string, std::string>> samples() {
     std::vector<std::pair<std::string, std::string>> all;
-    const auto root = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
+    const auto root = std::filesystem::path(TOVERA_ROOT);
     for (const auto& entry : std::filesystem::directory_iterator(root / "examples/forms/samples"))
         all.emplace_back(entry.path().filename(), testing::contentOf(entry.path()));
     EXPECT_GE(all.size(), 20U);

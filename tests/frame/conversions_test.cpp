@@ -100,7 +100,7 @@ TEST(Numbers, OfPrefixesReachAsFarAsTheyGo) {
 
 TEST(Arithmetic, WidensAndChecks) {
     TestServices services;
-    const Arithmetic vb(services);
+    const Arithmetic arithmetic(services);
     Variant linked(I2{4});
     I4 typed = 5;
     using A = Arithmetic;
@@ -123,13 +123,13 @@ TEST(Arithmetic, WidensAndChecks) {
         // clang-format on
     };
     for (const auto& [a, operation, b, expected] : rows)
-        EXPECT_EQ(outcomeOf(operation, vb, a, b), expected)
+        EXPECT_EQ(outcomeOf(operation, arithmetic, a, b), expected)
             << ::testing::PrintToString(a) << " and " << ::testing::PrintToString(b);
 }
 
 TEST(Arithmetic, Compares) {
     TestServices services;
-    const Arithmetic vb(services);
+    const Arithmetic arithmetic(services);
     using Order = std::partial_ordering;
     Variant linked(u"a");
     const std::tuple<Variant, Variant, Order> rows[] = {
@@ -143,12 +143,12 @@ TEST(Arithmetic, Compares) {
     };
     for (const auto& [a, b, expected] : rows) {
         SCOPED_TRACE(::testing::PrintToString(a) + " and " + ::testing::PrintToString(b));
-        EXPECT_EQ(vb.compare(a, b), expected);
-        EXPECT_EQ(vb.compare(b, a), 0 <=> expected);
+        EXPECT_EQ(arithmetic.compare(a, b), expected);
+        EXPECT_EQ(arithmetic.compare(b, a), 0 <=> expected);
     }
-    EXPECT_EQ(vb.compareToNumber(u" 1954", 1954), Order::equivalent);
-    EXPECT_EQ(vb.compareToNumber(Null{}, 0), Order::unordered);
-    EXPECT_EQ(errorOf([&] { vb.compareToNumber(Reference{&linked}, 0); }), 13);
+    EXPECT_EQ(arithmetic.compareToNumber(u" 1954", 1954), Order::equivalent);
+    EXPECT_EQ(arithmetic.compareToNumber(Null{}, 0), Order::unordered);
+    EXPECT_EQ(errorOf([&] { arithmetic.compareToNumber(Reference{&linked}, 0); }), 13);
 }
 
 }  // namespace

@@ -93,15 +93,15 @@ Entry unpacked(Bytes entry) {
             content.subspan(head.nameSize)};
 }
 
-struct GivenKey {
+struct FixedKey {
     NameId id;
     std::string_view name;
 };
 
 /// The keys that are there from the start, as on every Windows.
-const GivenKey* givenKey(const NameId& id) {
-    static const auto given = [] {
-        std::vector<GivenKey> keys;
+const FixedKey* fixedKey(const NameId& id) {
+    static const auto fixed = [] {
+        std::vector<FixedKey> keys;
         const auto add = [&](unsigned root, std::string_view path) {
             auto parent = rootId(root);
             for (const auto name : namesOf(path)) keys.push_back({parent = idWithin(parent, name), name});
@@ -118,12 +118,12 @@ const GivenKey* givenKey(const NameId& id) {
         add(3, ".DEFAULT");
         return keys;
     }();
-    const auto found = std::ranges::find(given, id, &GivenKey::id);
-    return found == given.end() ? nullptr : &*found;
+    const auto found = std::ranges::find(fixed, id, &FixedKey::id);
+    return found == fixed.end() ? nullptr : &*found;
 }
 
 bool exists(const StoreTransaction& transaction, const KeyPlace& key) {
-    return key.isRoot() || transaction.get(keyEntry(key)) || givenKey(key.id);
+    return key.isRoot() || transaction.get(keyEntry(key)) || fixedKey(key.id);
 }
 
 /// The name that an entry was first given; nothing for no entry, or for one that is damaged.
@@ -143,7 +143,7 @@ bool put(StoreTransaction& transaction, const EntryKey& key, I4 type, std::strin
 }
 
 std::string nameOf(const StoreTransaction& transaction, const KeyPlace& key) {
-    if (const auto* given = givenKey(key.id)) return std::string(given->name);
+    if (const auto* fixed = fixedKey(key.id)) return std::string(fixed->name);
     return givenName(transaction.get(keyEntry(key))).value_or(std::string());
 }
 
@@ -199,7 +199,7 @@ I4 RegistryStore::createKey(const KeyPlace& from, std::string_view path) {
 }
 
 I4 RegistryStore::deleteKey(const KeyPlace& key, const Removing& removing) {
-    if (key.isRoot() || givenKey(key.id)) return registryStatus::accessDenied;
+    if (key.isRoot() || fixedKey(key.id)) return registryStatus::accessDenied;
     return store_.write([&](StoreTransaction& transaction) {
         if (!exists(transaction, key)) return registryStatus::notFound;
         if (transaction.hasBeginning(beginningOf(entryKey(key.id, Kind::Subkey)))) {

@@ -54,9 +54,7 @@ void expectClass(ITypeInfo* info, const std::string& name) {
 }
 
 std::string pageOf(const std::string& name) {
-    const std::string here = __FILE__;
-    std::ifstream file(here.substr(0, here.rfind("tests")) + "docs/reference/" + name + ".md",
-                       std::ios::binary);
+    std::ifstream file(TOVERA_ROOT "/docs/reference/" + name + ".md", std::ios::binary);
     const std::string page{std::istreambuf_iterator<char>(file), {}};
     return std::regex_replace(page, std::regex(" = \\w+: "), " = : ");
 }

@@ -1,4 +1,4 @@
-#include "automation/shell_classes.h"
+#include "automation/published_classes.h"
 
 #include "automation/dual_slots.h"
 #include "catalogue/class_list.h"
@@ -11,7 +11,7 @@ namespace {
 template <class C>
 class AutomationObjectOf final : public AutomationObject {
   public:
-    explicit AutomationObjectOf(const ShellClass& shellClass) : AutomationObject(shellClass) {}
+    explicit AutomationObjectOf(const PublishedClass& publishedClass) : AutomationObject(publishedClass) {}
 
   private:
     void* instance() noexcept override { return &instance_; }
@@ -20,25 +20,25 @@ class AutomationObjectOf final : public AutomationObject {
 };
 
 template <class C>
-const ShellClass& shellClass();
+const PublishedClass& publishedClass();
 
 template <class C>
 IDispatch* create() {
-    return std::make_unique<AutomationObjectOf<C>>(shellClass<C>()).release()->dispatch();
+    return std::make_unique<AutomationObjectOf<C>>(publishedClass<C>()).release()->dispatch();
 }
 
 template <class C>
-const ShellClass& shellClass() {
-    static const ShellClass made{&describe<C>, dualSlots<C>(), &create<C>,
-                                 systemId(identityOf("_" + std::string(ClassTable<C>::name))),
-                                 systemId(identityOf(ClassTable<C>::name))};
+const PublishedClass& publishedClass() {
+    static const PublishedClass made{&describe<C>, dualSlots<C>(), &create<C>,
+                                     systemId(identityOf("_" + std::string(ClassTable<C>::name))),
+                                     systemId(identityOf(ClassTable<C>::name))};
     return made;
 }
 
 template <class C>
 ClassFactory* factoryOf(const CLSID& classId) {
     if (classId != systemId(identityOf(ClassTable<C>::name))) return nullptr;
-    static ClassFactory factory(shellClass<C>());
+    static ClassFactory factory(publishedClass<C>());
     return &factory;
 }
 
