@@ -3,6 +3,7 @@
 
 #include "bench.h"
 #include "language/cls_traduction.h"
+#include "platform/profiles.h"
 
 using namespace tovera;
 
@@ -63,9 +64,9 @@ std::string fileIn(const std::filesystem::path& folder, const char* name) {
 
 /// The same entries, each written by a call of its own.
 void writeEach(const std::string& file) {
-    auto& kernel32 = home().kernel32;
+    auto& profiles = homeProfiles();
     const auto write = [&](const std::string& key, const char* value) {
-        kernel32.WritePrivateProfileStringA({"Principal"}, {key + ".Caption"}, {value}, {file});
+        profiles.WritePrivateProfileStringA({"Principal"}, {key + ".Caption"}, {value}, {file});
     };
     write("Principal", "Un libell\xE9");
     for (std::size_t i = 0; i < controlCount; ++i) write("Libelle" + std::to_string(i), "Un libell\xE9");

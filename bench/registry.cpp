@@ -1,9 +1,10 @@
+#include "platform/linux/registry/registry.h"
+
 #include <filesystem>
 #include <memory>
 #include <string>
 
 #include "peers/peers.h"
-#include "platform/linux/advapi32.h"
 #include "registry/cls_initreg.h"
 
 using namespace tovera;
@@ -18,8 +19,8 @@ class Filled {
   public:
     explicit Filled(int keys)
         : folder_(makeFolder(keys)),
-          registry_(folder_),
-          platform_{home().services, home().user32, home().kernel32, home().files, registry_, home().odbc32},
+          registry_(makeRegistry(folder_)),
+          platform_(home().with(*registry_)),
           object_(platform_),
           keys_(static_cast<unsigned>(keys)) {
         for (unsigned i = 0; i < keys_; ++i) {
@@ -65,7 +66,7 @@ class Filled {
     }
 
     std::string folder_;
-    LinuxAdvapi32 registry_;
+    std::unique_ptr<Registry> registry_;
     Platform platform_;
     Cls_InitREG object_;
     unsigned keys_;

@@ -1,5 +1,5 @@
 # The native home: the library and the program.
-file(GLOB layer CONFIGURE_DEPENDS src/platform/linux/*.cpp)
+file(GLOB layer CONFIGURE_DEPENDS src/platform/linux/*.cpp src/platform/linux/*/*.cpp)
 add_library(tovera ${logic} ${layer})
 add_library(tovera::tovera ALIAS tovera)
 target_link_libraries(tovera PRIVATE $<BUILD_INTERFACE:tovera_options> PUBLIC ${CMAKE_DL_LIBS})

@@ -14,7 +14,7 @@
 #ifdef _WIN32
 #include <windows.h>
 #else
-#include "platform/platform.h"
+#include "platform/profiles.h"
 #endif
 
 namespace {
@@ -33,14 +33,14 @@ tovera::AnsiText text(const char* bytes) {
 }
 int readEntry(const char* section, const char* key, std::string& buffer, const char* file) {
     tovera::AnsiText target{buffer, false};
-    const auto count = tovera::home().kernel32.GetPrivateProfileStringA(text(section), text(key),
-                                                                        text("default"), target, text(file));
+    const auto count = tovera::homeProfiles().GetPrivateProfileStringA(text(section), text(key),
+                                                                       text("default"), target, text(file));
     buffer = target.bytes;
     return count;
 }
 bool writeEntry(const char* section, const char* key, const char* value, const char* file) {
-    auto& kernel32 = tovera::home().kernel32;
-    return kernel32.WritePrivateProfileStringA(text(section), text(key), text(value), text(file)) != 0;
+    return tovera::homeProfiles().WritePrivateProfileStringA(text(section), text(key), text(value),
+                                                             text(file)) != 0;
 }
 #endif
 

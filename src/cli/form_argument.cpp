@@ -4,9 +4,9 @@
 #include <cerrno>
 #include <filesystem>
 
-#include "platform/linux/file_errors.h"
-#include "platform/linux/paths.h"
-#include "platform/linux/whole_file.h"
+#include "platform/linux/files/file_errors.h"
+#include "platform/linux/files/paths.h"
+#include "platform/linux/files/whole_file.h"
 
 namespace tovera::cli {
 

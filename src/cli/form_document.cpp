@@ -2,8 +2,8 @@
 
 #include "cli/form_classes.h"
 #include "frame/error.h"
-#include "platform/linux/profile_lines.h"
-#include "platform/linux/profile_text.h"
+#include "platform/linux/profiles/profile_lines.h"
+#include "platform/linux/profiles/profile_text.h"
 
 namespace tovera::cli {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "cli/form_file.h"
 #include "frame/error.h"
-#include "platform/linux/letter_case.h"
+#include "platform/linux/text/letter_case.h"
 
 namespace tovera::cli {
 namespace {

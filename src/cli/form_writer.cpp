@@ -2,7 +2,7 @@
 
 #include "cli/form_file.h"
 #include "cli/value_text.h"
-#include "platform/linux/letter_case.h"
+#include "platform/linux/text/letter_case.h"
 
 namespace tovera::cli {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "conversion/french_words.h"
 #include "frame/checked.h"
+#include "platform/oem_text.h"
 
 namespace tovera {
 namespace {
@@ -35,11 +36,7 @@ Bstr Cls_Conversion::ConvertirNombreEnLettre(const R8& strNbSaisi, const Variant
 }
 
 I2 Cls_Conversion::ConvertirOemAnsi(Bstr& string1, Bstr& string2) {
-    const StringCrossing crossing(platform_.services);
-    const auto convert = [&](AnsiText& source, AnsiText& target) {
-        return platform_.user32.OemToCharA(source, target);
-    };
-    return narrow<I2>(crossing.call(convert, string1, string2));
+    return narrow<I2>(platform_.call(&OemText::OemToCharA, string1, string2));
 }
 
 }  // namespace tovera

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "database/data_source.h"
+#include "platform/odbc32.h"
 
 namespace tovera {
 namespace {
@@ -25,20 +26,15 @@ struct Reported {
 /// What stands in the way of a new source, by the list of those that there are; empty for nothing.
 Bstr findAmongSources(const Platform& platform, I4 environment, std::u16string_view name) {
     Bstr result = noDriver;
-    auto& library = platform.odbc32;
-    if (library.SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, SQL_OV_ODBC3, SQL_IS_INTEGER) !=
-        SQL_SUCCESS) {
+    if (platform.call(&Odbc32::SQLSetEnvAttr, environment, SQL_ATTR_ODBC_VERSION, SQL_OV_ODBC3,
+                      SQL_IS_INTEGER) != SQL_SUCCESS) {
         return result;
     }
     while (true) {
         Reported<32> source;
         Reported<128> description;
-        const auto next = [&](AnsiText& sourceText, AnsiText& descriptionText) {
-            return library.SQLDataSources(environment, SQL_FETCH_NEXT, sourceText, source.length,
-                                          descriptionText, description.length);
-        };
-        const auto status =
-            StringCrossing(platform.services).call(next, source.text.buffer(), description.text.buffer());
+        const auto status = platform.call(&Odbc32::SQLDataSources, environment, SQL_FETCH_NEXT, source.text,
+                                          source.length, description.text, description.length);
         if (status != SQL_SUCCESS) return result;
         if (source.view() == name) return u"Lien ODBC déjà existant.";
         if (description.view() == u"Microsoft Access Driver (*.mdb)") result = u"";
@@ -55,17 +51,17 @@ Bstr Cls_SQL::RepAPOS(const Bstr& Chaine) {
 
 /// Empty when the name is free and some data source uses the Access driver, else what is in the way.
 Bstr Cls_SQL::VerifierLienODBC(const Bstr& lien) {
-    auto& library = platform_.odbc32;
     I4 environment = 0;
-    if (library.SQLAllocHandle(SQL_HANDLE_ENV, 0, environment) != SQL_SUCCESS) return noDriver;
+    if (platform_.call(&Odbc32::SQLAllocHandle, SQL_HANDLE_ENV, 0, environment) != SQL_SUCCESS)
+        return noDriver;
     Bstr result;
     try {
         result = findAmongSources(platform_, environment, lien);
     } catch (...) {
-        library.SQLFreeHandle(SQL_HANDLE_ENV, environment);
+        platform_.call(&Odbc32::SQLFreeHandle, SQL_HANDLE_ENV, environment);
         throw;
     }
-    library.SQLFreeHandle(SQL_HANDLE_ENV, environment);
+    platform_.call(&Odbc32::SQLFreeHandle, SQL_HANDLE_ENV, environment);
     return result;
 }
 

@@ -11,12 +11,8 @@ constexpr auto systemPathNotFound = static_cast<I4>(0x80070003U);
 
 Bstr LireEntreeLangue(Platform& platform, Bstr file, Bstr section, Bstr key, Bstr defaultValue) {
     FixedText<255> buffer(u'\0');
-    const auto read = [&](const AnsiText& fromSection, const AnsiText& ofKey, const AnsiText& otherwise,
-                          AnsiText& filled, const AnsiText& fromFile) {
-        return platform.kernel32.GetPrivateProfileStringA(fromSection, ofKey, otherwise, filled, fromFile);
-    };
     const auto count =
-        StringCrossing(platform.services).call(read, section, key, defaultValue, buffer.buffer(), file);
+        platform.call(&Profiles::GetPrivateProfileStringA, section, key, defaultValue, buffer, file);
     return left(buffer.view(), static_cast<std::size_t>(count));
 }
 

@@ -2,6 +2,7 @@
 
 #include "frame/component.h"
 #include "platform/platform.h"
+#include "platform/profiles.h"
 
 // The entries of a language file, a profile file: how every part of the class reads and writes one.
 namespace tovera {
@@ -13,11 +14,7 @@ Bstr LireEntreeLangue(Platform& platform, Bstr file, Bstr section, Bstr key, Bst
 /// through the ANSI code page. A null value removes the entry.
 template <class Value>
 void writeLanguageEntry(Platform& platform, const Bstr& section, const Bstr& key, Value& value, Bstr& file) {
-    const auto write = [&](const AnsiText& inSection, const AnsiText& ofKey, const AnsiText& text,
-                           const AnsiText& toFile) {
-        return platform.kernel32.WritePrivateProfileStringA(inSection, ofKey, text, toFile);
-    };
-    StringCrossing(platform.services).call(write, section, key, value, file);
+    platform.call(&Profiles::WritePrivateProfileStringA, section, key, value, file);
 }
 
 /// Creates the folder of a file when it is missing, one level only. A failing step is ignored.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/crossing.h"
-#include "platform/missing.h"
+#include "platform/port.h"
 
 namespace tovera {
 
@@ -18,9 +18,7 @@ inline constexpr I4 SQL_FETCH_NEXT = 1;
 
 /// The entry points of `odbc32` that the classes call. Results are ODBC's return codes. A buffer's length is
 /// the size that goes with it.
-struct Odbc32 {
-    virtual ~Odbc32() = default;
-
+struct Odbc32 : Port<Odbc32> {
     virtual I4 SQLAllocHandle(I4 type, I4 parent, I4& handle) {
         return missingEntryPoint(type, parent, handle);
     }
@@ -34,5 +32,7 @@ struct Odbc32 {
     }
     virtual I4 SQLFreeHandle(I4 type, I4 handle) { return missingEntryPoint(type, handle); }
 };
+
+Odbc32& homeOdbc32();
 
 }  // namespace tovera

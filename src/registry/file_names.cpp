@@ -1,3 +1,6 @@
+#include "platform/file_names.h"
+
+#include "platform/files.h"
 #include "registry/cls_initreg.h"
 
 namespace tovera {
@@ -13,12 +16,9 @@ VariantBool askFileSystem(Services& services, std::u16string_view question, Bstr
 }
 
 /// The form of a name that an entry point gives.
-Bstr formOf(const Platform& platform, Bstr& name, I4 (Kernel32::*entryPoint)(const AnsiText&, AnsiText&)) {
+Bstr formOf(const Platform& platform, Bstr& name, I4 (FileNames::*entryPoint)(const AnsiText&, AnsiText&)) {
     FixedText<bufferLength> buffer;
-    const auto ask = [&](const AnsiText& from, AnsiText& to) {
-        return (platform.kernel32.*entryPoint)(from, to);
-    };
-    const auto count = StringCrossing(platform.services).call(ask, name, buffer.buffer());
+    const auto count = platform.call(entryPoint, name, buffer);
     return left(buffer.view(), static_cast<std::size_t>(count));
 }
 
@@ -33,18 +33,18 @@ VariantBool Cls_InitREG::DossierExiste(Bstr& strCheminDossier) {
 }
 
 Bstr Cls_InitREG::GET_NomLong(Bstr sShortFileName) {
-    return formOf(platform_, sShortFileName, &Kernel32::GetLongPathNameA);
+    return formOf(platform_, sShortFileName, &FileNames::GetLongPathNameA);
 }
 
 Bstr Cls_InitREG::GET_NomCourt(Bstr sLongFileName) {
-    return formOf(platform_, sLongFileName, &Kernel32::GetShortPathNameA);
+    return formOf(platform_, sLongFileName, &FileNames::GetShortPathNameA);
 }
 
 VariantBool Cls_InitREG::RenommerFichier(const Bstr& strPathFichierSRC, const Bstr& strPathFichierDEST) {
     VariantBool result;
     onFailure([&](const CurrentError&) { result = False; },
               [&] {
-                  platform_.files.rename(strPathFichierSRC, strPathFichierDEST);
+                  platform_.call(&Files::rename, strPathFichierSRC, strPathFichierDEST);
                   result = True;
               });
     return result;

@@ -4,6 +4,7 @@
 
 #include "frame/checked.h"
 #include "frame/number_text.h"
+#include "platform/registry.h"
 #include "registry/cls_initreg.h"
 
 namespace tovera {
@@ -101,11 +102,7 @@ bool Cls_InitREG::trouverRacine(Bstr& chemin) {
 template <class Work>
 Variant Cls_InitREG::surCleOuverte(Bstr& chemin, I4 acces, const Variant& refus, Work&& travail) {
     if (!trouverRacine(chemin)) return {};
-    const StringCrossing crossing(platform_.services);
-    const auto open = [&](const AnsiText& subKey) {
-        return platform_.advapi32.RegOpenKeyExA(lngRacine, subKey, 0, acces, lngCleOuverte);
-    };
-    lngStatut = crossing.call(open, chemin);
+    lngStatut = platform_.call(&Registry::RegOpenKeyExA, lngRacine, chemin, 0, acces, lngCleOuverte);
     if (lngStatut != success) return refus;
     Variant resultat;
     try {
@@ -119,23 +116,21 @@ Variant Cls_InitREG::surCleOuverte(Bstr& chemin, I4 acces, const Variant& refus,
 }
 
 void Cls_InitREG::fermerCle() {
-    lngStatut = platform_.advapi32.RegCloseKey(lngCleOuverte);
+    lngStatut = platform_.call(&Registry::RegCloseKey, lngCleOuverte);
 }
 
 I4 Cls_InitREG::ecrireOctets(Bstr& entree, I4 type, std::span<const std::byte> octets) {
-    const auto write = [&](const AnsiText& name) {
-        return platform_.advapi32.RegSetValueExA(lngCleOuverte, name, 0, type, octets);
-    };
-    return StringCrossing(platform_.services).call(write, entree);
+    return platform_.call(&Registry::RegSetValueExA, lngCleOuverte, entree, 0, type, octets);
 }
 
 /// Reads into `strTampon`, which crosses whole and comes back whole.
 I4 Cls_InitREG::lireTampon(Bstr& entree, I4 type) {
-    const auto read = [&](const AnsiText& name, AnsiText& buffer) {
-        return platform_.advapi32.RegQueryValueExA(
-            lngCleOuverte, name, type, std::as_writable_bytes(std::span(buffer.bytes)), lngTailleTampon);
-    };
-    return StringCrossing(platform_.services).call(read, entree, strTampon);
+    AnsiCopy buffer(platform_.services, strTampon);
+    const auto status =
+        platform_.call(&Registry::RegQueryValueExA, lngCleOuverte, entree, type,
+                       std::as_writable_bytes(std::span(buffer.text().bytes)), lngTailleTampon);
+    buffer.takeBack(strTampon);
+    return status;
 }
 
 Variant Cls_InitREG::EcrireREG_DWORD(Bstr& cle_principale, Bstr& entree, const I4& valeur) {
@@ -149,11 +144,8 @@ Variant Cls_InitREG::LireREG_DWORD(Bstr& cle_principale, Bstr& entree) {
     return surCleOuverte(cle_principale, keyAccess::read, readFailed(), [&] {
         I4 type = valueTypes::dword;
         I4 size = sizeof lngValeurDword;
-        const auto read = [&](const AnsiText& name) {
-            return platform_.advapi32.RegQueryValueExA(
-                lngCleOuverte, name, type, std::as_writable_bytes(std::span(&lngValeurDword, 1)), size);
-        };
-        lngStatut = StringCrossing(platform_.services).call(read, entree);
+        lngStatut = platform_.call(&Registry::RegQueryValueExA, lngCleOuverte, entree, type,
+                                   std::as_writable_bytes(std::span(&lngValeurDword, 1)), size);
         return lngStatut == success ? Variant(lngValeurDword) : readFailed();
     });
 }
@@ -161,12 +153,10 @@ Variant Cls_InitREG::LireREG_DWORD(Bstr& cle_principale, Bstr& entree) {
 Variant Cls_InitREG::EcrireREG_STRING(Bstr& cle_principale, Bstr& entree, Bstr& valeur) {
     return surCleOuverte(cle_principale, keyAccess::write, {}, [&] {
         const auto characters = valeur.length();
-        const auto write = [&](const AnsiText& name, const AnsiText& text) {
-            const auto data = std::as_bytes(std::span(text.bytes));
-            return platform_.advapi32.RegSetValueExA(lngCleOuverte, name, 0, valueTypes::text,
-                                                     data.first(std::min(characters, data.size())));
-        };
-        lngStatut = StringCrossing(platform_.services).call(write, entree, valeur);
+        AnsiCopy text(platform_.services, valeur);
+        const auto data = std::as_bytes(std::span(text.text().bytes));
+        lngStatut = ecrireOctets(entree, valueTypes::text, data.first(std::min(characters, data.size())));
+        text.takeBack(valeur);
         return Variant();
     });
 }
@@ -212,10 +202,7 @@ Variant Cls_InitREG::LireREG_BINARY(Bstr& cle_principale, Bstr& entree) {
 
 Variant Cls_InitREG::CreerREG_Cle(Bstr& cle_principale) {
     if (!trouverRacine(cle_principale)) return {};
-    const auto create = [&](const AnsiText& subKey) {
-        return platform_.advapi32.RegCreateKeyA(lngRacine, subKey, lngCleOuverte);
-    };
-    lngStatut = StringCrossing(platform_.services).call(create, cle_principale);
+    lngStatut = platform_.call(&Registry::RegCreateKeyA, lngRacine, cle_principale, lngCleOuverte);
     if (lngStatut == success) fermerCle();
     return {};
 }
@@ -223,10 +210,7 @@ Variant Cls_InitREG::CreerREG_Cle(Bstr& cle_principale) {
 Variant Cls_InitREG::EffaceREG_CLE(Bstr& nom_cle) {
     return surCleOuverte(nom_cle, keyAccess::write, {}, [&] {
         if (beforeNul(nom_cle).empty()) return Variant();  // the root key itself
-        const auto remove = [&](const AnsiText& subKey) {
-            return platform_.advapi32.RegDeleteKeyA(lngRacine, subKey);
-        };
-        lngStatut = StringCrossing(platform_.services).call(remove, nom_cle);
+        lngStatut = platform_.call(&Registry::RegDeleteKeyA, lngRacine, nom_cle);
         return Variant();
     });
 }

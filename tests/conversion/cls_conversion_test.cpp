@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "conversion/class_table.h"
+#include "platform/oem_text.h"
 #include "support/named_calls.h"
 
 namespace tovera::testing {
@@ -9,10 +10,17 @@ namespace {
 using ::testing::_;
 using Text = std::u16string;
 
+class MockOemText : public OemText {
+  public:
+    MOCK_METHOD(I4, OemToCharA, (const AnsiText& source, AnsiText& target), (override));
+};
+
 class ClsConversion : public ::testing::Test {
   protected:
     TestPlatform test;
-    Cls_Conversion object{test.platform};
+    ::testing::StrictMock<MockOemText> oemText;
+    Platform platform = test.platform.with(oemText);
+    Cls_Conversion object{platform};
 };
 
 TEST_F(ClsConversion, TypedNumbers) {
@@ -39,7 +47,7 @@ TEST_F(ClsConversion, TypedNumbers) {
 TEST_F(ClsConversion, OemTextCrossesBothTexts) {
     Bstr source = u"\u0082t\u20AC";
     Bstr target = u"######";
-    EXPECT_CALL(test.user32, OemToCharA(_, _)).WillOnce([](const AnsiText& from, AnsiText& to) {
+    EXPECT_CALL(oemText, OemToCharA(_, _)).WillOnce([](const AnsiText& from, AnsiText& to) {
         EXPECT_EQ(from.bytes, "\x82t?");
         to.bytes.replace(0, 4, std::string("\xE9t?\0", 4));
         return 7;
@@ -47,12 +55,12 @@ TEST_F(ClsConversion, OemTextCrossesBothTexts) {
     EXPECT_EQ(object.ConvertirOemAnsi(source, target), 7);
     EXPECT_EQ(source, u"\u0082t?");
     EXPECT_EQ(target, Bstr(Text(u"ét?\0##", 6)));
-    EXPECT_CALL(test.user32, OemToCharA(_, _)).WillOnce(::testing::Return(0x8000));
+    EXPECT_CALL(oemText, OemToCharA(_, _)).WillOnce(::testing::Return(0x8000));
     EXPECT_EQ(errorOf([&] { object.ConvertirOemAnsi(source, target); }), 6) << "more than the result holds";
 }
 
 TEST_F(ClsConversion, ByName) {
-    EXPECT_CALL(test.user32, OemToCharA(_, _)).WillOnce(::testing::Return(1));
+    EXPECT_CALL(oemText, OemToCharA(_, _)).WillOnce(::testing::Return(1));
     const std::vector<NamedCall> calls{
         // clang-format off
         gives(u"-5", u"Ctrl_SaiseNombre", I4{-5}), gives(I2{1}, u"ConvertirOemAnsi", u"a", u"b"),
@@ -61,14 +69,14 @@ TEST_F(ClsConversion, ByName) {
         fails(13, u"ConvertirNombreEnLettre", u"mille", False), fails(449, u"ConvertirNombreEnLettre", I2{1}),
         // clang-format on
     };
-    expectCallsOfEveryMethod<Cls_Conversion>(test.platform, calls);
-    const auto labelled = objectOn<Cls_Conversion>(test.platform);
+    expectCallsOfEveryMethod<Cls_Conversion>(platform, calls);
+    const auto labelled = objectOn<Cls_Conversion>(platform);
     writeMember(labelled, u"IntituleMonnaie", u"franc");
     writeMember(labelled, u"IntitulePetiteMonnaie", u"sou");
     expectCall(labelled, gives(u"franc", u"IntituleMonnaie"));
     expectCall(labelled, gives(u"sou", u"IntitulePetiteMonnaie"));
     expectCall(labelled, gives(u"deux francs et deux sous", u"ConvertirNombreEnLettre", R8{2.02}, True));
-    expectCall(objectOn<Cls_Conversion>(test.platform), gives(Bstr(), u"IntituleMonnaie"));
+    expectCall(objectOn<Cls_Conversion>(platform), gives(Bstr(), u"IntituleMonnaie"));
 }
 
 class FrenchWords : public ClsConversion {
@@ -99,7 +107,7 @@ TEST_F(FrenchWords, HaveSignLabelsAndHundredths) {
         EXPECT_EQ(given(x, VariantBool::ofBits(1)), plain) << x;
         EXPECT_EQ(given(x, True), amount) << x;
     }
-    Cls_Conversion bare(test.platform);
+    Cls_Conversion bare(platform);
     EXPECT_EQ(bare.ConvertirNombreEnLettre(2.5, True), u"deux s et cinquante s");
     EXPECT_EQ(bare.ConvertirNombreEnLettre(1, True), u"un ");
 }

@@ -2,6 +2,7 @@
 
 #include "database/class_table.h"
 #include "frame/utf8.h"
+#include "platform/odbc32.h"
 #include "support/named_calls.h"
 #include "support/user_home.h"
 
@@ -53,7 +54,7 @@ struct ListOfSources : Odbc32 {
 
 /// A registry that writes down what is done in it: a line for each key that is made, and for each that is
 /// written to.
-struct RecordedRegistry : Advapi32 {
+struct RecordedRegistry : Registry {
     static std::string nameOf(const AnsiText& path) {
         const std::string sources = "Software\\ODBC\\ODBC.INI\\";
         EXPECT_TRUE(path.bytes.starts_with(sources)) << path.bytes;
@@ -88,7 +89,7 @@ struct Sql : UserHome {
 
     ListOfSources odbc;
     RecordedRegistry registry;
-    Platform ours{services, home().user32, home().kernel32, home().files, registry, odbc};
+    Platform ours = home().with(services).with(registry).with(odbc);
 };
 
 TEST_F(Sql, declaringWritesEverythingInItsOrder) {

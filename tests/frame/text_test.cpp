@@ -21,26 +21,6 @@ TEST(Text, NullReadsAsEmpty) {
     EXPECT_EQ((fixed = u"abcdef").view(), u"abcd");
 }
 
-TEST(Text, CrossesToAnEntryPointAndBack) {
-    TestServices services;
-    const StringCrossing crossing(services);
-    Bstr both = u"é\u20AC";
-    const Bstr kept = u"\u20AC";
-    Bstr null;
-    FixedText<4> buffer(u'\0');
-    const auto entryPoint = [](AnsiText& a, AnsiText& b, AnsiText& c, AnsiText& d) {
-        EXPECT_EQ(a.bytes + b.bytes, "\xE9??");
-        EXPECT_EQ(c.addressOrNull(), nullptr);
-        d.bytes.replace(0, 2, std::string("x\0", 2));
-        return 5;
-    };
-    EXPECT_EQ(crossing.call(entryPoint, both, kept, null, buffer.buffer()), 5);
-    EXPECT_EQ(both, u"é?");
-    EXPECT_EQ(kept, u"\u20AC");
-    EXPECT_TRUE(null.isNull());
-    EXPECT_EQ(buffer.view(), std::u16string_view(u"x\0\0\0", 4));
-}
-
 TEST(Text, BrokenUtf8BecomesReplacements) {
     using namespace std::string_view_literals;
     const std::pair<std::string_view, std::u16string_view> rows[] = {

@@ -2,6 +2,7 @@
 
 #include "frame/utf8.h"
 #include "language/class_table.h"
+#include "platform/profiles.h"
 #include "support/named_calls.h"
 #include "support/scripted_object.h"
 #include "support/user_home.h"
@@ -156,13 +157,13 @@ TEST_F(MessageTable, ReadsUpToTheFirstEmptyMessageAndAddsAnElementForIt) {
 }
 
 TEST_F(MessageTable, RaisesWhatEndsALoad) {
-    struct Endless : Kernel32 {
+    struct Endless : Profiles {
         I4 GetPrivateProfileStringA(const AnsiText&, const AnsiText&, const AnsiText&, AnsiText&,
                                     const AnsiText&) override {
             return 1;
         }
     } endless;
-    Platform ours{services, platform.user32, endless, platform.files, platform.advapi32, platform.odbc32};
+    auto ours = platform.with(endless);
     StringArray messages;
     EXPECT_EQ(errorOf([&] { Cls_Traduction(ours).Charger_TousLesMessages(file, messages); }), 6);
     EXPECT_EQ(messages.upperBound(), 32767);

@@ -35,24 +35,10 @@ class TestServices : public Services {
     RegionalSettings regional;
 };
 
-class MockUser32 : public User32 {
-  public:
-    MOCK_METHOD(I4, OemToCharA, (const AnsiText& source, AnsiText& target), (override));
-};
-
-struct NoFiles : Files {
-    void rename(const Bstr&, const Bstr&) override { raise(ErrorNumber::EntryPointNotFound); }
-};
-
-/// A platform of doubles for one test. The entry points that a double lacks raise error 453.
+/// Services of a test's own, and no ports.
 struct TestPlatform {
     ::testing::NiceMock<TestServices> services;
-    ::testing::StrictMock<MockUser32> user32;
-    Kernel32 kernel32;
-    NoFiles files;
-    Advapi32 advapi32;
-    Odbc32 odbc32;
-    Platform platform{services, user32, kernel32, files, advapi32, odbc32};
+    Platform platform{services};
 };
 
 /// The number of the Automation error that a call raises, 0 when it raises none.

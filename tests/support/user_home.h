@@ -1,36 +1,42 @@
 #pragma once
 
 #include "own_home.h"
+#include "platform/registry.h"
 #include "support/test_platform.h"
 
 namespace tovera::testing {
 
 /// The registry, with an eye on what only other platforms would punish.
-struct WatchedRegistry : OwnRegistry {
-    using OwnRegistry::OwnRegistry;
+struct WatchedRegistry : Registry {
+    explicit WatchedRegistry(const std::string& store) : own(store) {}
     I4 RegOpenKeyExA(I4 key, const AnsiText& subKey, I4 options, I4 access, I4& opened) override {
-        const auto status = OwnRegistry::RegOpenKeyExA(key, subKey, options, access, opened);
+        const auto status = own.port().RegOpenKeyExA(key, subKey, options, access, opened);
         leftOpen += status == 0 ? 1 : 0;
         return status;
     }
     I4 RegCreateKeyA(I4 key, const AnsiText& subKey, I4& created) override {
-        const auto status = OwnRegistry::RegCreateKeyA(key, subKey, created);
+        const auto status = own.port().RegCreateKeyA(key, subKey, created);
         leftOpen += status == 0 ? 1 : 0;
         return status;
+    }
+    I4 RegSetValueExA(I4 key, const AnsiText& name, I4 reserved, I4 type,
+                      std::span<const std::byte> data) override {
+        return own.port().RegSetValueExA(key, name, reserved, type, data);
     }
     I4 RegQueryValueExA(I4 key, const AnsiText& name, I4& type, std::span<std::byte> data,
                         I4& size) override {
         EXPECT_EQ(static_cast<std::size_t>(size), data.size()) << "the size of another buffer";
-        return OwnRegistry::RegQueryValueExA(key, name, type, data, size);
+        return own.port().RegQueryValueExA(key, name, type, data, size);
     }
     I4 RegDeleteKeyA(I4 key, const AnsiText& subKey) override {
         ++deletions;
-        return OwnRegistry::RegDeleteKeyA(key, subKey);
+        return own.port().RegDeleteKeyA(key, subKey);
     }
     I4 RegCloseKey(I4 key) override {
         --leftOpen;
-        return OwnRegistry::RegCloseKey(key);
+        return own.port().RegCloseKey(key);
     }
+    OwnRegistry own;
     int deletions = 0;
     int leftOpen = 0;  ///< keys; below 0 when one was closed that wasn't opened
 };
@@ -102,7 +108,7 @@ struct UserHome : ::testing::Test {
     UserFolder files;
     ::testing::NiceMock<TestServices> services;
     RegistryUser user{files.onC("registry")};
-    Platform platform{services, home().user32, home().kernel32, home().files, user.registry, home().odbc32};
+    Platform platform = home().with(services).with(user.registry);
 };
 
 /// For tests that need a registry.

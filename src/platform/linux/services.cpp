@@ -1,5 +1,3 @@
-#include "platform/linux/services.h"
-
 #include <algorithm>
 #include <array>
 #include <dlfcn.h>
@@ -9,11 +7,12 @@
 #include <unistd.h>
 
 #include "frame/utf8.h"
-#include "platform/linux/code_pages.h"
-#include "platform/linux/file_system_object.h"
+#include "platform/home_services.h"
+#include "platform/linux/files/file_system_object.h"
 #include "platform/linux/launch.h"
-#include "platform/linux/letter_case.h"
 #include "platform/linux/regional.h"
+#include "platform/linux/text/code_pages.h"
+#include "platform/linux/text/letter_case.h"
 
 namespace tovera {
 namespace {
@@ -28,7 +27,19 @@ constexpr std::array objectMakers{
     ObjectMaker{u"SCRIPTING.FILESYSTEMOBJECT", makeFileSystemObject},
 };
 
-}  // namespace
+/// The services of this home: message boxes on standard error, programs started as processes of their own.
+class LinuxServices : public Services {
+  public:
+    using Services::messageBox;
+    I4 messageBox(const Bstr& text, I4 flags, const Bstr& title) override;
+    R8 launch(const Bstr& commandLine, WindowStyle style) override;
+    ObjectRef createObject(std::u16string_view progId) override;
+    ComponentFacts facts() override;
+    RegionalSettings regionalSettings() override;
+    std::string toAnsi(std::u16string_view text) override;
+    std::u16string fromAnsi(std::string_view bytes) override;
+    void pumpMessages() override;
+};
 
 I4 LinuxServices::messageBox(const Bstr& text, I4 /*flags*/, const Bstr& title) {
     constexpr I4 okButton = 1;
@@ -81,5 +92,12 @@ std::u16string LinuxServices::fromAnsi(std::string_view bytes) {
 }
 
 void LinuxServices::pumpMessages() {}
+
+}  // namespace
+
+Services& homeServices() {
+    static LinuxServices services;
+    return services;
+}
 
 }  // namespace tovera

@@ -1,4 +1,4 @@
-#include "platform/windows/files.h"
+#include "platform/files.h"
 
 #include <string>
 
@@ -39,19 +39,26 @@ ErrorNumber errorOf(DWORD status) {
     }
 }
 
+class WindowsFiles : public Files {
+    void rename(const Bstr& oldPath, const Bstr& newPath) override {
+        const auto from = pathOf(oldPath);
+        const auto to = pathOf(newPath);
+        // The system takes a file's own name for a free one.
+        if (from == to && GetFileAttributesW(to.c_str()) != INVALID_FILE_ATTRIBUTES)
+            raise(ErrorNumber::FileExists);
+        const bool moved =
+            MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_COPY_ALLOWED | MOVEFILE_WRITE_THROUGH) != 0;
+        const DWORD status = GetLastError();
+        lastError() = static_cast<I4>(status);
+        if (!moved) raise(errorOf(status));
+    }
+};
+
 }  // namespace
 
-void WindowsFiles::rename(const Bstr& oldPath, const Bstr& newPath) {
-    const auto from = pathOf(oldPath);
-    const auto to = pathOf(newPath);
-    // The system takes a file's own name for a free one.
-    if (from == to && GetFileAttributesW(to.c_str()) != INVALID_FILE_ATTRIBUTES)
-        raise(ErrorNumber::FileExists);
-    const bool moved =
-        MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_COPY_ALLOWED | MOVEFILE_WRITE_THROUGH) != 0;
-    const DWORD status = GetLastError();
-    lastError() = static_cast<I4>(status);
-    if (!moved) raise(errorOf(status));
+Files& homeFiles() {
+    static WindowsFiles port;
+    return port;
 }
 
 }  // namespace tovera

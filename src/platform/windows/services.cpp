@@ -1,5 +1,4 @@
-#include "platform/windows/services.h"
-
+#include "platform/home_services.h"
 #include "platform/windows/com_pointer.h"
 #include "platform/windows/launch.h"
 #include "platform/windows/module.h"
@@ -38,7 +37,19 @@ DWORD ansiFlags() {
     return GetACP() == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
 }
 
-}  // namespace
+/// The services of this home, on the system's own.
+class WindowsServices : public Services {
+  public:
+    using Services::messageBox;
+    I4 messageBox(const Bstr& text, I4 flags, const Bstr& title) override;
+    R8 launch(const Bstr& commandLine, WindowStyle style) override;
+    ObjectRef createObject(std::u16string_view progId) override;
+    ComponentFacts facts() override;
+    RegionalSettings regionalSettings() override;
+    std::string toAnsi(std::u16string_view text) override;
+    std::u16string fromAnsi(std::string_view bytes) override;
+    void pumpMessages() override;
+};
 
 I4 WindowsServices::messageBox(const Bstr& text, I4 flags, const Bstr& title) {
     return MessageBoxW(GetActiveWindow(), terminated(text).c_str(), terminated(title).c_str(),
@@ -115,6 +126,13 @@ void WindowsServices::pumpMessages() {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
+}
+
+}  // namespace
+
+Services& homeServices() {
+    static WindowsServices services;
+    return services;
 }
 
 }  // namespace tovera

@@ -1,13 +1,20 @@
 #pragma once
 
-#include "platform/linux/advapi32.h"
-#include "platform/linux/entry_point.h"
+#include "platform/linux/libraries/shared_library.h"
+#include "platform/linux/registry/registry.h"
 #include "platform/linux/temporary_folder.h"
 
 namespace tovera::testing {
 
 /// A registry on a store of the test's own.
-using OwnRegistry = LinuxAdvapi32;
+class OwnRegistry {
+  public:
+    explicit OwnRegistry(const std::string& store) : made_(makeRegistry(store)) {}
+    Registry& port() { return *made_; }
+
+  private:
+    std::unique_ptr<Registry> made_;
+};
 
 /// Whether this system has what the store is made with.
 inline bool hasRegistry() {

@@ -1,14 +1,13 @@
-#include "platform/linux/services.h"
-
 #include <cstdlib>
 #include <sys/wait.h>
 
 #include "conversion/cls_conversion.h"
-#include "platform/linux/code_pages.h"
+#include "platform/home_services.h"
 #include "platform/linux/launch.h"
 #include "platform/linux/regional.h"
 #include "platform/linux/temporary_folder.h"
-#include "platform/linux/user32.h"
+#include "platform/linux/text/code_pages.h"
+#include "platform/oem_text.h"
 #include "support/test_platform.h"
 
 namespace tovera::testing {
@@ -35,14 +34,14 @@ TEST(LinuxUser32, OemTextFillsItsTargetAndNoMore) {
         {"abcdef", "##", "ab"},
         {{"a\0b", 3}, "###", {"a\0#", 3}},
         {"a", "", ""}};
-    LinuxUser32 user32;
+    auto& oemText = homeOemText();
     for (const auto& [source, before, after] : rows) {
         AnsiText target{before};
-        EXPECT_NE(user32.OemToCharA({source}, target), 0);
+        EXPECT_NE(oemText.OemToCharA({source}, target), 0);
         EXPECT_EQ(target.bytes, after);
     }
     AnsiText target{"#"};
-    EXPECT_EQ(user32.OemToCharA({"", true}, target), 0);
+    EXPECT_EQ(oemText.OemToCharA({"", true}, target), 0);
     Bstr typed = u"\u201A\u20AC";
     Bstr ansi = u"....";
     EXPECT_EQ(Cls_Conversion(home()).ConvertirOemAnsi(typed, ansi), 1);

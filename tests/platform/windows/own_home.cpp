@@ -18,7 +18,7 @@ std::set<std::filesystem::path> entries() {
 
 OwnRegistry::~OwnRegistry() {
     for (const auto* key : {"A\\B", "A", "Software\\Prod", "Software\\P"})
-        RegDeleteKeyA(rootKeys::currentUser, {key});
+        port().RegDeleteKeyA(rootKeys::currentUser, {key});
 }
 
 UserFolder::UserFolder() : before_(entries()) {

@@ -3,14 +3,18 @@
 #include <filesystem>
 #include <set>
 
-#include "platform/windows/advapi32.h"
+#include "platform/registry.h"
 
 namespace tovera::testing {
 
 /// The registry of the user, which is made for one run.
-struct OwnRegistry : WindowsAdvapi32 {
+class OwnRegistry {
+  public:
     explicit OwnRegistry(const std::string&) {}
+    OwnRegistry(const OwnRegistry&) = delete;
+    OwnRegistry& operator=(const OwnRegistry&) = delete;
     ~OwnRegistry();
+    Registry& port() { return homeRegistry(); }
 };
 
 constexpr bool hasRegistry() {

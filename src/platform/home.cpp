@@ -1,0 +1,27 @@
+#include "platform/file_names.h"
+#include "platform/files.h"
+#include "platform/home_services.h"
+#include "platform/input.h"
+#include "platform/odbc32.h"
+#include "platform/oem_text.h"
+#include "platform/platform.h"
+#include "platform/profiles.h"
+#include "platform/registry.h"
+#include "platform/system_facts.h"
+
+namespace tovera {
+
+Platform& home() {
+    static Platform platform = Platform(homeServices())
+                                   .with(homeFileNames())
+                                   .with(homeFiles())
+                                   .with(homeInput())
+                                   .with(homeOdbc32())
+                                   .with(homeOemText())
+                                   .with(homeProfiles())
+                                   .with(homeRegistry())
+                                   .with(homeSystemFacts());
+    return platform;
+}
+
+}  // namespace tovera

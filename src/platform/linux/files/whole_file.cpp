@@ -1,0 +1,185 @@
+#include "platform/linux/files/whole_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include "platform/linux/files/file_descriptor.h"
+#include "platform/linux/files/paths.h"
+
+namespace tovera {
+namespace {
+
+constexpr int mostLinks = 40;
+/// Only the holder of the folder's lock writes it, so that one name is enough, and what a process that was
+/// ended has left is overwritten by the next one.
+constexpr const char* newFileName = ".tovera-new";
+constexpr const char* lockFileName = ".tovera-lock";
+
+/// All bytes of a file of this size, whatever has been read before.
+int readWhole(const FileDescriptor& file, const struct stat& facts, FileBytes& bytes) {
+    const auto size = static_cast<std::size_t>(facts.st_size);
+    auto* const room = bytes.room(size);
+    std::size_t filled = 0;
+    while (filled < size) {
+        const auto count = pread(file.get(), room + filled, size - filled, static_cast<off_t>(filled));
+        if (count < 0 && errno != EINTR) return errno;
+        if (count == 0) break;
+        if (count > 0) filled += static_cast<std::size_t>(count);
+    }
+    bytes.setSize(filled);
+    return 0;
+}
+
+/// Most files end within a first read, and their size needn't be asked for. False for one that hasn't.
+bool readSmall(const FileDescriptor& file, FileBytes& bytes) {
+    const auto count = read(file.get(), bytes.room(FileBytes::smallSize), FileBytes::smallSize);
+    if (count < 0 || static_cast<std::size_t>(count) == FileBytes::smallSize) return false;
+    bytes.setSize(static_cast<std::size_t>(count));
+    return true;
+}
+
+int readPieces(const FileDescriptor& file, const TakeLines& take) {
+    std::string buffer(std::size_t{4} * FileBytes::smallSize, '\0');
+    std::size_t kept = 0;  // of a line whose end is still to come
+    for (off_t place = 0;;) {
+        if (kept == buffer.size()) buffer.resize(2 * kept);
+        const auto count = pread(file.get(), &buffer[kept], buffer.size() - kept, place);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return errno;
+        place += count;
+        const std::string_view filled(buffer.data(), kept + static_cast<std::size_t>(count));
+        const auto whole = count == 0 ? filled.size() : filled.find_last_of("\r\n") + 1;
+        if (!take(filled.substr(0, whole)) || count == 0) return 0;
+        kept = filled.size() - whole;
+        std::ranges::copy(filled.substr(whole), buffer.begin());
+    }
+}
+
+/// Not blocking, since a pipe would wait for a writer.
+constexpr int readFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
+
+int factsOfRegular(const FileDescriptor& file, struct stat& facts) {
+    if (!file.isOpen() || fstat(file.get(), &facts) != 0) return errno;
+    if (S_ISDIR(facts.st_mode)) return EISDIR;
+    return S_ISREG(facts.st_mode) ? 0 : EACCES;
+}
+
+int writeWhole(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto count = write(descriptor, bytes.data(), bytes.size());
+        if (count < 0 && errno != EINTR) return errno;
+        if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return fsync(descriptor) == 0 ? 0 : errno;
+}
+
+/// The file that a chain of symbolic links leads to, which need not exist.
+int followLinks(std::string& path) {
+    for (int links = 0; links < mostLinks; ++links) {
+        std::array<char, PATH_MAX> target;
+        const auto length = readlink(path.c_str(), target.data(), target.size());
+        if (length < 0) return errno == EINVAL || errno == ENOENT ? 0 : errno;
+        const std::string_view leadsTo(target.data(), static_cast<std::size_t>(length));
+        path = leadsTo.starts_with('/') ? std::string(leadsTo) : folderOf(path).append(leadsTo);
+    }
+    return ELOOP;
+}
+
+int lock(const FileDescriptor& file) {
+    while (flock(file.get(), LOCK_EX) != 0) {
+        if (errno != EINTR) return errno;
+    }
+    return 0;
+}
+
+/// The lock of a folder, on the folder itself; in a file of its own where the file system can't lock folders.
+int lockFolder(const FileDescriptor& folder, FileDescriptor& lockFile) {
+    if (lock(folder) == 0) return 0;
+    lockFile = FileDescriptor(openat(folder.get(), lockFileName, O_RDWR | O_CREAT | O_CLOEXEC, 0666));
+    return lockFile.isOpen() ? lock(lockFile) : errno;
+}
+
+FileDescriptor createNew(const FileDescriptor& folder, mode_t mode) {
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    FileDescriptor file(openat(folder.get(), newFileName, flags, mode));
+    if (file.isOpen() || errno != EEXIST) return file;
+    unlinkat(folder.get(), newFileName, 0);
+    return FileDescriptor(openat(folder.get(), newFileName, flags, mode));
+}
+
+/// The owner stays where the system lets us give files away.
+int takeOver(const FileDescriptor& file, const struct stat& old) {
+    struct stat fresh {};
+    if (fstat(file.get(), &fresh) != 0) return errno;
+    if (fresh.st_uid != old.st_uid || fresh.st_gid != old.st_gid) {
+        if (fchown(file.get(), old.st_uid, old.st_gid) != 0 && errno != EPERM) return errno;
+    }
+    return fchmod(file.get(), old.st_mode & 07777U) == 0 ? 0 : errno;
+}
+
+int replace(const FileDescriptor& folder, const char* name, const struct stat* old, std::string_view bytes) {
+    const auto file = createNew(folder, old ? 0600 : 0666);
+    if (!file.isOpen()) return errno;
+    int error = old ? takeOver(file, *old) : 0;
+    if (error == 0) error = writeWhole(file.get(), bytes);
+    if (error == 0 && renameat(folder.get(), newFileName, folder.get(), name) != 0) error = errno;
+    if (error != 0) {
+        unlinkat(folder.get(), newFileName, 0);
+        return error;
+    }
+    fsync(folder.get());
+    return 0;
+}
+
+}  // namespace
+
+int readFile(const std::string& path, FileBytes& bytes) {
+    const FileDescriptor file(open(path.c_str(), readFlags));
+    if (!file.isOpen()) return errno;
+    if (readSmall(file, bytes)) return 0;
+    struct stat facts {};
+    const int error = factsOfRegular(file, facts);
+    return error != 0 ? error : readWhole(file, facts, bytes);
+}
+
+int readLines(const std::string& path, const TakeLines& take) {
+    const FileDescriptor file(open(path.c_str(), readFlags));
+    if (!file.isOpen()) return errno;
+    FileBytes bytes;
+    if (readSmall(file, bytes)) {
+        take(bytes.view());
+        return 0;
+    }
+    struct stat facts {};
+    const int error = factsOfRegular(file, facts);
+    return error != 0 ? error : readPieces(file, take);
+}
+
+int changeFile(const std::string& path, const FileChange& change) {
+    auto target = path;
+    if (const int error = followLinks(target)) return error;
+    if (target.empty() || target.ends_with('/')) return EISDIR;
+    const FileDescriptor folder(open(folderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.isOpen()) return errno;
+    FileDescriptor lockFile;
+    if (const int error = lockFolder(folder, lockFile)) return error;
+
+    const auto* const name = target.c_str() + (target.rfind('/') + 1);
+    const FileDescriptor file(openat(folder.get(), name, readFlags));
+    struct stat facts {};
+    FileBytes bytes;
+    const int opened = factsOfRegular(file, facts);
+    if (opened != 0 && opened != ENOENT) return opened;
+    if (opened == 0) {
+        if (faccessat(folder.get(), name, W_OK, AT_EACCESS) != 0) return errno;
+        if (const int error = readWhole(file, facts, bytes)) return error;
+    }
+    const auto changed = change(bytes.view());
+    return changed ? replace(folder, name, opened == 0 ? &facts : nullptr, *changed) : 0;
+}
+
+}  // namespace tovera

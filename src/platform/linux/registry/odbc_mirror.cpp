@@ -1,0 +1,125 @@
+#include "platform/linux/registry/odbc_mirror.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <pwd.h>
+#include <unistd.h>
+
+#include "frame/utf8.h"
+#include "platform/linux/files/paths.h"
+#include "platform/linux/files/whole_file.h"
+#include "platform/linux/profiles/profile_text.h"
+#include "platform/linux/registry/registry_status.h"
+#include "platform/linux/text/code_pages.h"
+#include "platform/registry.h"
+
+namespace tovera {
+namespace {
+
+constexpr std::string_view listOfSources = "ODBC Data Sources";
+constexpr std::string_view accessLibrary = "odbcjt32.dll";
+
+/// The file that unixODBC reads for the user.
+std::string userFile() {
+    if (const char* named = std::getenv("ODBCINI"); named && *named) return named;
+    const auto* user = getpwuid(getuid());
+    return std::string(user && user->pw_dir ? user->pw_dir : "/home") + "/.odbc.ini";
+}
+
+/// The file is UTF-8, and a line of it can hold no line end.
+std::string lineText(std::string_view ansi) {
+    auto text = toUtf8(fromAnsi1252(ansi.substr(0, ansi.find('\0'))));
+    std::ranges::replace_if(
+        text, [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return text;
+}
+
+bool endsWithName(std::string_view text, std::string_view name) {
+    return text.size() >= name.size() && sameFolded(text.substr(text.size() - name.size()), name);
+}
+
+/// Whole, since the programs that open the source have current folders of their own.
+std::string hostFile(std::string_view path) {
+    const auto found = foundHostPath(fromAnsi1252(path));
+    std::error_code failed;
+    const auto whole = std::filesystem::absolute(found, failed);
+    return failed ? found : whole.string();
+}
+
+struct Entry {
+    std::string section;
+    std::string key;
+    std::string value;
+};
+
+/// A text value in the words of unixODBC: its own name of the Access driver, the file as its own path.
+Entry entryFor(std::string_view source, std::string_view valueName, std::string_view text) {
+    Entry entry{lineText(source), lineText(valueName), lineText(text)};
+    if (sameFolded(source, listOfSources)) {
+        if (text == accessDescription) entry.value = accessDriver;
+    } else if (sameFolded(valueName, "DBQ")) {
+        entry.key = "Database";
+        entry.value = hostFile(text);
+    } else if (sameFolded(valueName, "Driver") && endsWithName(text, accessLibrary)) {
+        entry.value = accessDriver;
+    }
+    return entry;
+}
+
+/// What a profile can't say, in names that would be read as something else, stays in the registry alone.
+bool canStand(const Entry& entry) {
+    const auto& key = entry.key;
+    return entry.section.find_first_of("[]") == std::string::npos && !key.empty() &&
+           key.find('=') == std::string::npos && std::string_view("[;#").find(key[0]) == std::string::npos;
+}
+
+std::optional<std::string> edited(std::string_view text, const std::optional<ProfileEdit>& edit) {
+    if (!edit) return std::nullopt;
+    return std::string(text).replace(edit->position, edit->length, edit->replacement);
+}
+
+I4 statusOf(int error) {
+    return error == 0 ? registryStatus::success : registryStatus::ofSystemError(error);
+}
+
+/// A new file gets this system's line ends from its first line, which all others follow.
+I4 setEntry(const Entry& entry) {
+    return statusOf(changeFile(userFile(), [&](std::string_view bytes) {
+        const auto text = bytes.empty() ? "[" + std::string(listOfSources) + "]\n" : std::string(bytes);
+        return edited(text, editToSet(text, entry.section, entry.key, entry.value));
+    }));
+}
+
+}  // namespace
+
+bool isDataSource(const KeyPlace& key) {
+    static const auto sources = placeBelow(rootPlace(1), "Software\\ODBC\\ODBC.INI");
+    return key.parent == sources.id;
+}
+
+I4 mirrorDataSource(std::string_view source, std::string_view valueName, I4 type, Bytes data) {
+    std::string text(reinterpret_cast<const char*>(data.data()), data.size());
+    if (type == valueTypes::dword && data.size() == sizeof(I4)) {
+        I4 number = 0;
+        std::memcpy(&number, data.data(), sizeof number);
+        text = std::to_string(number);
+    } else if (type != valueTypes::text) {
+        return registryStatus::success;
+    }
+    const auto entry = entryFor(source, valueName, text);
+    return canStand(entry) ? setEntry(entry) : registryStatus::success;
+}
+
+I4 forgetDataSource(std::string_view source) {
+    const auto section = lineText(source);
+    return statusOf(changeFile(userFile(), [&](std::string_view bytes) {
+        const auto removed = edited(bytes, editToRemoveSection(bytes, section));
+        const auto text = removed ? *removed : std::string(bytes);
+        const auto unlisted = edited(text, editToRemove(text, listOfSources, section));
+        return unlisted ? unlisted : removed;
+    }));
+}
+
+}  // namespace tovera
