@@ -10,16 +10,11 @@
 
 #include "platform/linux/files/file_descriptor.h"
 #include "platform/linux/files/file_errors.h"
+#include "platform/linux/files/file_facts.h"
 #include "platform/linux/files/paths.h"
 
 namespace tovera {
 namespace {
-
-std::optional<struct stat> factsOf(const std::string& path) {
-    struct stat facts {};
-    if (lstat(path.c_str(), &facts) != 0) return {};
-    return facts;
-}
 
 bool isSame(const struct stat& a, const struct stat& b) {
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino;

@@ -4,6 +4,7 @@
 
 #include "frame/bstr.h"
 #include "frame/utf8.h"
+#include "platform/linux/files/file_facts.h"
 #include "platform/linux/files/named_entry.h"
 #include "platform/linux/files/paths.h"
 #include "platform/linux/files/short_names.h"
@@ -14,9 +15,8 @@ namespace {
 constexpr std::u16string_view separators = u"/\\";
 
 bool leadsSomewhere(std::u16string_view path) {
-    struct stat facts {};
     const auto found = foundHostPath(path);
-    return !found.empty() && lstat(found.c_str(), &facts) == 0;
+    return !found.empty() && factsOf(found).has_value();
 }
 
 std::string sameEntry(const std::string& /*folder*/, const std::string& entry) {

@@ -1,8 +1,7 @@
 #include "platform/linux/files/named_entry.h"
 
-#include <sys/stat.h>
-
 #include "frame/utf8.h"
+#include "platform/linux/files/file_facts.h"
 #include "platform/linux/files/folder_entries.h"
 #include "platform/linux/files/short_names.h"
 #include "platform/linux/text/letter_case.h"
@@ -10,9 +9,8 @@
 namespace tovera {
 
 std::optional<std::string> entryNamed(const std::string& folder, const std::string& name) {
-    struct stat facts {};
     const auto path = folder.empty() ? name : folder + '/' + name;
-    if (lstat(path.c_str(), &facts) == 0) return name;
+    if (factsOf(path)) return name;
     const auto wanted = capitals(fromUtf8(name));
     for (auto& entry : entriesOf(folder)) {
         if (capitals(fromUtf8(entry)) == wanted) return std::move(entry);

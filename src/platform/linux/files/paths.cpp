@@ -8,6 +8,7 @@
 #include "frame/bstr.h"
 #include "frame/utf8.h"
 #include "platform/linux/files/data_folder.h"
+#include "platform/linux/files/file_facts.h"
 #include "platform/linux/files/named_entry.h"
 
 namespace tovera {
@@ -74,8 +75,7 @@ std::string rootOfCurrentDrive() {
 }
 
 bool exists(const std::string& path) {
-    struct stat facts {};
-    return lstat(path.c_str(), &facts) == 0;
+    return factsOf(path).has_value();
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "platform/linux/files/file_descriptor.h"
 #include "platform/linux/registry/store_transaction.h"
 
 namespace tovera {
@@ -231,17 +232,15 @@ class Check {
 class MappedFile {
   public:
     explicit MappedFile(const std::string& file) {
-        const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC);
-        if (descriptor < 0 && errno == ENOENT) return;
-        if (descriptor < 0) throw StoreFailure{errno};
+        const FileDescriptor opened(open(file.c_str(), O_RDONLY | O_CLOEXEC));
+        if (!opened.isOpen() && errno == ENOENT) return;
+        if (!opened.isOpen()) throw StoreFailure{errno};
         struct stat facts {};
-        if (fstat(descriptor, &facts) == 0 && facts.st_size > 0) {
+        if (fstat(opened.get(), &facts) == 0 && facts.st_size > 0) {
             size_ = static_cast<std::size_t>(facts.st_size);
-            address_ = mmap(nullptr, size_, PROT_READ, MAP_SHARED, descriptor, 0);
+            address_ = mmap(nullptr, size_, PROT_READ, MAP_SHARED, opened.get(), 0);
         }
-        const int error = address_ == MAP_FAILED ? errno : 0;
-        close(descriptor);
-        if (error != 0) throw StoreFailure{error};
+        if (address_ == MAP_FAILED) throw StoreFailure{errno};
     }
     MappedFile(const MappedFile&) = delete;
     MappedFile& operator=(const MappedFile&) = delete;

@@ -18,6 +18,7 @@
 #include <unistd.h>
 
 #include "platform/linux/files/file_descriptor.h"
+#include "platform/linux/files/file_facts.h"
 #include "platform/linux/registry/lmdb_check.h"
 #include "platform/linux/registry/lmdb_environment.h"
 #include "platform/linux/registry/lmdb_store.h"
@@ -45,29 +46,18 @@ class FolderGuard {
   public:
     explicit FolderGuard(const std::string& folder)
         : descriptor_(::open((folder + "/guard").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
-        if (descriptor_ >= 0) flock(descriptor_, LOCK_EX);
-    }
-    FolderGuard(const FolderGuard&) = delete;
-    FolderGuard& operator=(const FolderGuard&) = delete;
-    ~FolderGuard() {
-        if (descriptor_ >= 0) ::close(descriptor_);
+        if (descriptor_.isOpen()) flock(descriptor_.get(), LOCK_EX);
     }
 
   private:
-    int descriptor_;
+    FileDescriptor descriptor_;
 };
-
-std::optional<struct stat> factsOf(const std::string& file) {
-    struct stat facts {};
-    if (stat(file.c_str(), &facts) != 0) return std::nullopt;
-    return facts;
-}
 
 /// LMDB maps its table of readers, and a page of that which finds no room on the disk ends the process: the
 /// room is taken before, while the file is new and nobody has it open.
 void makeRoomForReaders(const std::string& file) {
     constexpr off_t size = off_t{80} << 10;  // more than the table of `mostReaders` takes
-    const auto facts = factsOf(file);
+    const auto facts = factsOfTarget(file);
     if (facts && facts->st_size > 0) return;
     const FileDescriptor table(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
     if (!table.isOpen() || fallocate(table.get(), 0, 0, size) == 0) return;
@@ -105,7 +95,7 @@ bool LmdbStore::isOpen() const {
 
 /// Another process has set the file aside, or it was deleted: what is written here would be lost.
 bool LmdbStore::isReplaced() const {
-    const auto facts = factsOf(file(dataFile));
+    const auto facts = factsOfTarget(file(dataFile));
     return !facts || facts->st_ino != inode_;
 }
 
@@ -115,7 +105,7 @@ bool LmdbStore::isRoomGone() const {
     struct statvfs disk {};
     if (statvfs(folder_.c_str(), &disk) == 0 && disk.f_bavail * disk.f_frsize < littleRoom) return true;
     rlimit limit{};
-    const auto facts = factsOf(file(dataFile));
+    const auto facts = factsOfTarget(file(dataFile));
     const auto size = facts ? static_cast<std::uint64_t>(facts->st_size) : 0;
     return getrlimit(RLIMIT_FSIZE, &limit) == 0 && size + littleRoom > limit.rlim_cur;
 }
@@ -145,7 +135,7 @@ void LmdbStore::open() {
 }
 
 void LmdbStore::openEnvironment() {
-    const auto facts = factsOf(file(dataFile));
+    const auto facts = factsOfTarget(file(dataFile));
     const auto size = facts ? static_cast<std::size_t>(facts->st_size) : 0;
     if (facts && isHeadDamaged(file(dataFile))) throw StoreFailure::damage();
     makeRoomForReaders(file(lockFile));
@@ -164,7 +154,7 @@ void LmdbStore::openEnvironment() {
     }
     if (code != MDB_SUCCESS && !facts) unlink(file(dataFile).c_str());  // an empty one is taken for damaged
     requireSuccess(code);
-    if (const auto opened = factsOf(file(dataFile))) inode_ = opened->st_ino;
+    if (const auto opened = factsOfTarget(file(dataFile))) inode_ = opened->st_ino;
     int dead = 0;
     lmdb().reader_check(environment_, &dead);
 }
@@ -243,12 +233,11 @@ void LmdbStore::makeCopy() {
     const auto made = file("copy.new");
     std::error_code ignored;
     std::filesystem::remove(made, ignored);
-    const int descriptor = ::open(made.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    if (descriptor < 0) return;
+    const FileDescriptor copy(::open(made.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    if (!copy.isOpen()) return;
     const bool isWhole =
-        lmdb().env_copyfd2(environment_, descriptor, unsigned{MDB_CP_COMPACT}) == MDB_SUCCESS &&
-        fsync(descriptor) == 0;
-    ::close(descriptor);
+        lmdb().env_copyfd2(environment_, copy.get(), unsigned{MDB_CP_COMPACT}) == MDB_SUCCESS &&
+        fsync(copy.get()) == 0;
     if (isWhole) {
         std::filesystem::rename(made, file(copyFile), ignored);
     } else {
