@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/bstr.h"
+#include "frame/values.h"
 #include "platform/port.h"
 
 namespace tovera {
@@ -11,6 +12,12 @@ namespace tovera {
 struct Files : Port<Files> {
     /// Renames a file, moving it when the folder differs. What stands at the new path is never overwritten.
     virtual void rename(const Bstr& oldPath, const Bstr& newPath) { missingEntryPoint(oldPath, newPath); }
+
+    /// Opens a file as binary data, where a missing one is made, empty, and reads the two bytes at a position
+    /// that counts from 1. A byte that the file hasn't got leaves that of the number.
+    virtual void readI2(const Bstr& path, I4 position, I2& number) {
+        missingEntryPoint(path, position, number);
+    }
 };
 
 Files& homeFiles();

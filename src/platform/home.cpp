@@ -1,3 +1,4 @@
+#include "platform/drives.h"
 #include "platform/file_names.h"
 #include "platform/files.h"
 #include "platform/home_services.h"
@@ -7,12 +8,14 @@
 #include "platform/platform.h"
 #include "platform/profiles.h"
 #include "platform/registry.h"
+#include "platform/sound.h"
 #include "platform/system_facts.h"
 
 namespace tovera {
 
 Platform& home() {
     static Platform platform = Platform(homeServices())
+                                   .with(homeDrives())
                                    .with(homeFileNames())
                                    .with(homeFiles())
                                    .with(homeInput())
@@ -20,6 +23,7 @@ Platform& home() {
                                    .with(homeOemText())
                                    .with(homeProfiles())
                                    .with(homeRegistry())
+                                   .with(homeSound())
                                    .with(homeSystemFacts());
     return platform;
 }

@@ -1,5 +1,6 @@
 #include "platform/files.h"
 
+#include <memory>
 #include <string>
 
 #include "frame/error.h"
@@ -39,6 +40,16 @@ ErrorNumber errorOf(DWORD status) {
     }
 }
 
+/// An open file, closed at the end; null for one that can't be opened.
+struct CloseFile {
+    using pointer = HANDLE;
+    void operator()(HANDLE file) const { CloseHandle(file); }
+};
+class OpenedFile : public std::unique_ptr<HANDLE, CloseFile> {
+  public:
+    explicit OpenedFile(HANDLE file) : unique_ptr(file == INVALID_HANDLE_VALUE ? nullptr : file) {}
+};
+
 class WindowsFiles : public Files {
     void rename(const Bstr& oldPath, const Bstr& newPath) override {
         const auto from = pathOf(oldPath);
@@ -51,6 +62,22 @@ class WindowsFiles : public Files {
         const DWORD status = GetLastError();
         lastError() = static_cast<I4>(status);
         if (!moved) raise(errorOf(status));
+    }
+    void readI2(const Bstr& path, I4 position, I2& number) override {
+        // As the run-time opens its files: for reading and writing, else for reading alone.
+        const auto name = pathOf(path);
+        const auto open = [&](DWORD access, DWORD creation) {
+            return OpenedFile(CreateFileW(name.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                          creation, FILE_ATTRIBUTE_NORMAL, nullptr));
+        };
+        auto file = open(GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS);
+        if (!file && GetLastError() == ERROR_ACCESS_DENIED) file = open(GENERIC_READ, OPEN_EXISTING);
+        if (!file) raise(errorOf(GetLastError()));
+        OVERLAPPED place{};
+        place.Offset = static_cast<DWORD>(position - 1);
+        DWORD count = 0;
+        const bool read = ReadFile(file.get(), &number, sizeof number, &count, &place) != 0;
+        if (!read && GetLastError() != ERROR_HANDLE_EOF) raise(errorOf(GetLastError()));
     }
 };
 

@@ -11,6 +11,7 @@
 #include "platform/linux/files/file_descriptor.h"
 #include "platform/linux/files/file_errors.h"
 #include "platform/linux/files/file_facts.h"
+#include "platform/linux/files/path_text.h"
 #include "platform/linux/files/paths.h"
 
 namespace tovera {
@@ -80,6 +81,20 @@ int move(const std::string& from, const std::string& to) {
     raise(ErrorNumber::PathNotFound);
 }
 
+/// As the run-time opens its files: for reading and writing, with a missing one made, else for reading alone.
+/// A pipe would hold the caller, and a device is no file: neither is opened.
+FileDescriptor openedForData(const std::string& path) {
+    if (path.empty()) raise(ErrorNumber::PathNotFound);
+    const auto facts = factsOfTarget(path);
+    if (facts && !S_ISREG(facts->st_mode)) raise(ErrorNumber::PathAccess);
+    if (!facts && !factsOfTarget(folderOf(path))) raise(ErrorNumber::PathNotFound);
+    FileDescriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_NONBLOCK | O_CLOEXEC, 0666));
+    if (!file.isOpen() && (errno == EACCES || errno == EROFS))
+        file = FileDescriptor(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!file.isOpen()) raiseFileError(errno);
+    return file;
+}
+
 class LinuxFiles : public Files {
     void rename(const Bstr& oldPath, const Bstr& newPath) override {
         const auto from = foundHostPath(oldPath);
@@ -96,6 +111,13 @@ class LinuxFiles : public Files {
         const int error = move(from, to);
         if (error == ENOENT) raiseMissing(from);
         if (error != 0) raiseFileError(error);
+    }
+    void readI2(const Bstr& path, I4 position, I2& number) override {
+        const auto file = openedForData(foundHostPath(path));
+        std::array<unsigned char, sizeof number> bytes{static_cast<unsigned char>(number),
+                                                       static_cast<unsigned char>(number >> 8)};
+        if (pread(file.get(), bytes.data(), bytes.size(), position - 1) < 0) raiseFileError(errno);
+        number = static_cast<I2>(bytes[0] | bytes[1] << 8);
     }
 };
 

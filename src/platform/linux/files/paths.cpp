@@ -8,8 +8,10 @@
 #include "frame/bstr.h"
 #include "frame/utf8.h"
 #include "platform/linux/files/data_folder.h"
+#include "platform/linux/files/drive_letters.h"
 #include "platform/linux/files/file_facts.h"
 #include "platform/linux/files/named_entry.h"
+#include "platform/linux/files/path_text.h"
 
 namespace tovera {
 namespace {
@@ -50,10 +52,6 @@ std::string currentFolder() {
     return std::filesystem::current_path(ignored).string();
 }
 
-bool isBelow(std::string_view path, std::string_view folder) {
-    return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
-}
-
 /// `C:name` lies in the current folder when that is on `C:`, else in the root of `C:`.
 std::string folderOnC() {
     const auto drive = driveC();
@@ -61,11 +59,19 @@ std::string folderOnC() {
     return isBelow(current, drive) ? current : drive;
 }
 
+/// Where a drive of another letter is mounted; empty where nothing is.
+std::string folderOfDrive(char16_t letter) {
+    for (const auto& drive : otherDrives())
+        if (char16_t(drive.letter | 0x20) == letter) return drive.folder;
+    return {};
+}
+
 std::string onDrive(char16_t letter, const std::string& rest) {
     const bool fromRoot = rest.starts_with('/');
     if (letter == u'c') return fromRoot ? driveC() + belowRoot(rest) : folderOnC() + '/' + rest;
     if (letter == u'z') return fromRoot ? belowRoot(rest) : rest;
-    return {};
+    const auto folder = folderOfDrive(letter);
+    return folder.empty() ? folder : folder + belowRoot(rest);
 }
 
 /// A path that begins with a backslash starts at the root of the drive that the current folder is on.
@@ -114,11 +120,6 @@ std::string foundHostPath(std::u16string_view path) {
     const auto written = hostPath(path);
     if (isBelow(written, driveC()) && !exists(written)) makeWindowsFolders();
     return foundPath(written);
-}
-
-std::string folderOf(std::string_view hostPath) {
-    const auto slash = hostPath.rfind('/');
-    return slash == std::string_view::npos ? "./" : std::string(hostPath.substr(0, slash + 1));
 }
 
 void makeWindowsFolders() {

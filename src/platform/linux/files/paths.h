@@ -26,9 +26,6 @@ std::string hostPath(std::u16string_view path);
 std::string foundPath(std::string_view hostPath);
 std::string foundHostPath(std::u16string_view path);
 
-/// The folder of one of the system's own paths, with a slash at its end.
-std::string folderOf(std::string_view hostPath);
-
 /// The path in the manner of Windows, on `C:` or `Z:`, for an absolute one of the system.
 std::u16string windowsPath(std::string_view hostPath);
 

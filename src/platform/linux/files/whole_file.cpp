@@ -8,7 +8,7 @@
 #include <sys/stat.h>
 
 #include "platform/linux/files/file_descriptor.h"
-#include "platform/linux/files/paths.h"
+#include "platform/linux/files/path_text.h"
 
 namespace tovera {
 namespace {

@@ -34,7 +34,7 @@ TEST_F(Paths, LeadToThisSystemsFiles) {
                           {u"\\tmp", "/tmp"},
                           {u"a\\..\\b", "a/../b"},
                           {{u"/a\0b", 4}, "/a"},
-                          {u"D:\\a", ""},
+                          {u"B:\\a", ""},
                           {u"\\\\server\\share", ""},
                           {u"", ""}};
     for (const auto& [path, expected] : fromUsr) EXPECT_EQ(hostPath(path), expected) << expected;
@@ -83,7 +83,7 @@ TEST_F(Paths, HaveShortNames) {
     EXPECT_EQ(longPath(u"c:/D\\.\\nomlon~1.txt"), u"c:/d\\.\\Nom long.txt");
     EXPECT_EQ(shortPath(u"C:\\D\\NOM LONG.TXT"), u"C:\\d\\NOMLON~1.TXT");
     EXPECT_EQ(shortPath(u"C:\\"), u"C:\\");
-    for (const auto* missing : {u"C:\\d\\rien", u"C:\\d\\NOMLON~2.TXT", u"", u"D:\\"})
+    for (const auto* missing : {u"C:\\d\\rien", u"C:\\d\\NOMLON~2.TXT", u"", u"B:\\"})
         EXPECT_FALSE(longPath(missing) || shortPath(missing));
 }
 
@@ -120,8 +120,8 @@ TEST_F(FileOperations, RenameNeverOverwrites) {
         {u"C:\\d\\a.txt", u"C:\\d\\B.TXT", 58}, {u"C:\\d\\a.txt", u"C:\\d\\a.txt", 58},
         {u"C:\\d\\a.txt", u"C:\\e", 58},        {u"C:\\d\\none", u"C:\\d\\x", 53},
         {u"C:\\none\\a", u"C:\\d\\x", 76},      {u"C:\\d\\a.txt", u"C:\\none\\x", 76},
-        {u"C:\\d\\a.txt", u"C:\\e\\c\\x", 76},  {u"D:\\a", u"C:\\x", 76},
-        {u"C:\\d\\a.txt", u"D:\\a", 76},        {u"c:\\D\\A.TXT", u"C:\\d\\A.Txt", 0},
+        {u"C:\\d\\a.txt", u"C:\\e\\c\\x", 76},  {u"B:\\a", u"C:\\x", 76},
+        {u"C:\\d\\a.txt", u"B:\\a", 76},        {u"c:\\D\\A.TXT", u"C:\\d\\A.Txt", 0},
         {u"C:\\d\\a.txt", u"C:\\E\\moved", 0},  {u"C:\\d", u"C:\\e\\folder", 0}};
     for (const auto& [from, to, error] : rows) EXPECT_EQ(rename(from, to), error) << error;
     EXPECT_EQ(user.textOf("e/moved"), "d/a.txt");
@@ -157,7 +157,7 @@ TEST_F(FileOperations, FileSystemObjectAnswersByName) {
         {u"C:\\windows\\system32", False, True},
         {u"/", False, True},
         {u"", False, False},
-        {u"D:\\a", False, False}};
+        {u"B:\\a", False, False}};
     for (const auto& [path, isFile, isFolder] : places) {
         EXPECT_EQ(ask(u"fileexists", path), Variant(isFile)) << toUtf8(Bstr(path));
         EXPECT_EQ(ask(u"FolderExists", path), Variant(isFolder)) << toUtf8(Bstr(path));

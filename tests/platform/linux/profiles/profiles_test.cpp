@@ -152,7 +152,7 @@ TEST_F(LinuxKernel32Test, ProfilesAreFoundByTheirNames) {
     EXPECT_EQ(profiles.GetProfileStringA({"s"}, {"a"}, {"d"}, buffer), 1);
     EXPECT_EQ(user.textOf("WINDOWS/WIN.INI"), "[s]\r\na=1\r\n");
     EXPECT_FALSE(write(nullptr, "a", "1"));
-    for (const auto* bad : {"", "C:\\none\\a.ini", "D:\\a.ini", "C:\\windows", "\\\\server\\a.ini"}) {
+    for (const auto* bad : {"", "C:\\none\\a.ini", "B:\\a.ini", "C:\\windows", "\\\\server\\a.ini"}) {
         file = {bad};
         EXPECT_TRUE(!write("s", "a", "1") && lastError() != 0) << bad;
     }

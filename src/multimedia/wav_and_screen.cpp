@@ -1,0 +1,43 @@
+#include "frame/checked.h"
+#include "multimedia/cls_multimedia.h"
+#include "platform/files.h"
+
+namespace tovera {
+namespace {
+
+/// The low half of the sample rate, where a WAV file has it: counted from 1, as in the run-time's files.
+constexpr I4 rateOffset = 25;
+
+bool isNamedWav(std::u16string_view path) {
+    const auto ending = right(path, 3);
+    const auto is = [&](std::size_t place, char16_t capital) {
+        return ending[place] == capital || ending[place] == (capital | 0x20);
+    };
+    return ending.size() == 3 && is(0, u'W') && is(1, u'A') && is(2, u'V');
+}
+
+I2 pixels(I4 twips, I4 twipsPerPixel) {
+    if (twipsPerPixel == 0) raise(ErrorNumber::DivisionByZero);
+    return narrow<I2>(twips / twipsPerPixel);
+}
+
+}  // namespace
+
+I2 Cls_Multimedia::FrequenceFichierWAV(const Bstr& CheminFichierWAV) {
+    if (!isNamedWav(CheminFichierWAV)) return 0;
+    I2 rate = 0;
+    platform_.call(&Files::readI2, CheminFichierWAV, rateOffset, rate);
+    return rate;
+}
+
+I2 Cls_Multimedia::ResolutionEcranX() {
+    const auto facts = platform_.services.facts();
+    return pixels(facts.screenWidthTwips, facts.twipsPerPixelX);
+}
+
+I2 Cls_Multimedia::ResolutionEcranY() {
+    const auto facts = platform_.services.facts();
+    return pixels(facts.screenHeightTwips, facts.twipsPerPixelY);
+}
+
+}  // namespace tovera

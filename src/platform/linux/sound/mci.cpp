@@ -1,0 +1,95 @@
+#include "platform/linux/sound/mci.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/linux/files/file_facts.h"
+#include "platform/linux/files/paths.h"
+#include "platform/linux/sound/sound_devices.h"
+#include "platform/linux/sound/tray.h"
+#include "platform/linux/text/code_pages.h"
+
+namespace tovera {
+namespace {
+
+constexpr std::string_view cdDevice = "cdaudio";
+
+/// The types of device that a file can be opened as. All play what the media library plays.
+constexpr std::array<std::string_view, 3> soundTypes{"waveaudio", "mpegvideo", "mpegaudio"};
+
+bool isSoundType(const std::optional<std::string>& type) {
+    return !type || std::ranges::count(soundTypes, mciName(*type)) > 0;
+}
+
+/// Without any device the media library plays into nothing, and for nobody.
+std::unique_ptr<Player> openPlayer(const std::string& file, AtEnd atEnd, I4& code) {
+    const auto path = foundHostPath(fromAnsi1252(file));
+    code = factsOfTarget(path) ? mci::noDriver : mci::fileMissing;
+    if (code == mci::fileMissing || soundDevices() == 0) return {};
+    return Player::open(path, atEnd, code);
+}
+
+bool hasExtension(std::string_view file) {
+    const auto dot = file.rfind('.');
+    return dot != std::string_view::npos && file.find_first_of("\\/", dot) == std::string_view::npos;
+}
+
+}  // namespace
+
+I4 Mci::send(std::string_view text) {
+    MciCommand command;
+    if (const I4 code = readMciCommand(text, command)) return code;
+    if (command.verb == MciVerb::Set)
+        return mciName(command.device) == cdDevice ? moveTray(command.opensDoor) : mci::noSuchDevice;
+    const std::lock_guard guard(mutex_);
+    std::erase_if(unnamed_, [](const auto& player) { return !player->isPlaying(); });
+    if (command.verb == MciVerb::Open) return open(command);
+    if (command.verb == MciVerb::Play) return play(command);
+    auto* const device = deviceOf(command);
+    if (!device) return mci::noSuchDevice;
+    device->stop();
+    if (command.verb == MciVerb::Close) devices_.erase(mciName(command.device));
+    return mci::success;
+}
+
+I4 Mci::open(const MciCommand& command) {
+    if (!isSoundType(command.type)) return mci::noSuchDevice;
+    const auto name = mciName(command.alias.value_or(command.device));
+    if (devices_.contains(name)) return mci::aliasInUse;
+    I4 code = mci::success;
+    auto player = openPlayer(command.device, AtEnd::StaysOpen, code);
+    if (player) devices_[name] = std::move(player);
+    return code;
+}
+
+I4 Mci::play(const MciCommand& command) {
+    auto* const device = deviceOf(command);
+    if (!device) return playFile(command);
+    device->play();
+    return mci::success;
+}
+
+/// What isn't open is a file, which is opened for this once.
+I4 Mci::playFile(const MciCommand& command) {
+    if (!hasExtension(command.device)) return mci::unknownExtension;
+    I4 code = mci::success;
+    auto player = openPlayer(command.device, AtEnd::Closes, code);
+    if (!player) return code;
+    player->play();
+    unnamed_.push_back(std::move(player));
+    return mci::success;
+}
+
+Player* Mci::deviceOf(const MciCommand& command) {
+    const auto found = devices_.find(mciName(command.device));
+    return found == devices_.end() ? nullptr : found->second.get();
+}
+
+bool Mci::isPlaying() {
+    const std::lock_guard guard(mutex_);
+    const auto plays = [](const auto& player) { return player->isPlaying(); };
+    return std::ranges::any_of(unnamed_, plays) ||
+           std::ranges::any_of(devices_, [&](const auto& device) { return plays(device.second); });
+}
+
+}  // namespace tovera

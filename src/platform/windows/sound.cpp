@@ -1,0 +1,30 @@
+#include "platform/sound.h"
+
+#include <mmsystem.h>
+
+#include "platform/windows/entry_point.h"
+
+// Left out of the system's own declarations.
+extern "C" BOOL WINAPI mciExecute(LPCSTR command);
+
+namespace tovera {
+namespace {
+
+constexpr const wchar_t* winmm = L"winmm";
+
+class WindowsSound : public Sound {
+    I4 mciSendStringA(const AnsiText& command, AnsiText& reply, I4 replyLength, I4 /*callback*/) override {
+        return callEntryPoint<&::mciSendStringA>(winmm, command, reply, replyLength, nullptr);
+    }
+    I4 mciExecute(const AnsiText& command) override { return callEntryPoint<&::mciExecute>(winmm, command); }
+    I4 waveOutGetNumDevs() override { return callEntryPoint<&::waveOutGetNumDevs>(winmm); }
+};
+
+}  // namespace
+
+Sound& homeSound() {
+    static WindowsSound port;
+    return port;
+}
+
+}  // namespace tovera

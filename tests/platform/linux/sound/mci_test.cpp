@@ -1,0 +1,98 @@
+#include "platform/linux/sound/mci.h"
+
+#include <gtest/gtest.h>
+#include <linux/cdrom.h>
+
+#include "platform/linux/sound/sound_devices.h"
+#include "platform/linux/sound/tray.h"
+#include "platform/linux/temporary_folder.h"
+#include "support/test_platform.h"
+
+namespace tovera::testing {
+namespace {
+
+TEST(MciCommands, AreReadAsWindowsReadsThem) {
+    const auto none = std::optional<std::string>();
+    const std::pair<const char*, MciCommand> rows[] = {
+        {"Open C:\\a.mp3 Alias Sonido", {MciVerb::Open, "C:\\a.mp3", none, "Sonido"}},
+        {" oPEN \"C:\\un deux.mp3\" type MPEGVideo alias \"le son\" ",
+         {MciVerb::Open, "C:\\un deux.mp3", "MPEGVideo", "le son"}},
+        {"open \"a\"alias b", {MciVerb::Open, "a", none, "b"}},
+        {"Play sonido", {MciVerb::Play, "sonido"}},
+        {"STOP\tsonido", {MciVerb::Stop, "sonido"}},
+        {"close x", {MciVerb::Close, "x"}},
+        {"Set cdaudio door Open wait", {MciVerb::Set, "cdaudio", none, none, true}},
+        {"Set CDAUDIO Door CLOSED", {MciVerb::Set, "CDAUDIO", none, none, false}}};
+    for (const auto& [text, expected] : rows) {
+        MciCommand command;
+        EXPECT_EQ(readMciCommand(text, command), 0) << text;
+        EXPECT_EQ(command, expected) << text;
+    }
+    const std::pair<const char*, I4> refused[] = {{"", 267},
+                                                  {"   ", 267},
+                                                  {"rewind x", 261},
+                                                  {"play", 292},
+                                                  {"play \"\"", 292},
+                                                  {"open C:\\a b.mp3 Alias S", 259},
+                                                  {"open a alias", 269},
+                                                  {"open a type", 269},
+                                                  {"play x y", 259},
+                                                  {"stop x wait", 259},
+                                                  {"play \"x", 301},
+                                                  {"set cdaudio", 269},
+                                                  {"set cdaudio door", 269},
+                                                  {"set cdaudio door ajar", 259},
+                                                  {"set cdaudio time format", 259},
+                                                  {"set cdaudio door open wait wait", 259}};
+    for (const auto& [text, code] : refused) {
+        MciCommand command;
+        EXPECT_EQ(readMciCommand(text, command), code) << text;
+    }
+}
+
+TEST(Mci, RefusesWhatDoesNotFit) {
+    UserFolder user;
+    user.makeFile("dossier/a.wav", "no sound");
+    Mci mci;
+    const std::pair<const char*, I4> rows[] = {{"play sonido", 281},
+                                               {"stop sonido", 263},
+                                               {"close sonido", 263},
+                                               {"set x door open", 263},
+                                               {"open C:\\none.mp3 alias s", 275},
+                                               {"open B:\\a.mp3 alias s", 275},
+                                               {"open C:\\dossier\\a.wav type sequencer", 263}};
+    for (const auto& [command, code] : rows) EXPECT_EQ(mci.send(command), code) << command;
+    EXPECT_FALSE(mci.isPlaying());
+}
+
+TEST(Tray, RequestsInTheirOrder) {
+    UserFolder user;
+    std::vector<unsigned long> sent;
+    int answer = 0;
+    const auto record = [&](int drive, unsigned long request) {
+        EXPECT_GE(drive, 0);
+        sent.push_back(request);
+        return answer;
+    };
+    EXPECT_EQ(moveTray(true, user.onC("dev"), record), 263);
+    user.makeFile("dev/sr1");
+    EXPECT_EQ(moveTray(true, user.onC("dev"), record), 0);
+    EXPECT_EQ(moveTray(false, user.onC("dev"), record), 0);
+    EXPECT_EQ(sent, (std::vector<unsigned long>{CDROM_LOCKDOOR, CDROMEJECT, CDROMCLOSETRAY}));
+    answer = -1;
+    EXPECT_EQ(moveTray(true, user.onC("dev"), record), 276);
+}
+
+TEST(SoundDevices, OfTheKernelWithoutAServer) {
+    UserFolder user;
+    setenv("PULSE_SERVER", ("unix:" + user.onC("none")).c_str(), 1);
+    user.makeFile(
+        "pcm",
+        "00-00: A : A : playback 1 : capture 1\n00-03: HDMI : HDMI : playback 1\n01-00: M : M : capture 1\n");
+    EXPECT_EQ(soundDevices(user.onC("pcm")), 2);
+    EXPECT_EQ(soundDevices(user.onC("none")), 0);
+    unsetenv("PULSE_SERVER");
+}
+
+}  // namespace
+}  // namespace tovera::testing
