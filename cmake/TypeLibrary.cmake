@@ -1,7 +1,12 @@
 # The published interface from the class table: IDL, type library, header for C++ clients, manifest. The texts
 # come from a program of the build machine, made in a native build that is set up here when there is none.
 set(TOVERA_HOST_BUILD ${CMAKE_SOURCE_DIR}/build/linux CACHE PATH "Native build that makes the interface's texts")
-find_program(TOVERA_WIDL NAMES i686-w64-mingw32-widl widl REQUIRED)
+find_program(TOVERA_WIDL NAMES ${CMAKE_SYSTEM_PROCESSOR}-w64-mingw32-widl i686-w64-mingw32-widl widl REQUIRED)
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    set(library_kind --win64)
+else()
+    set(library_kind --win32)
+endif()
 
 if(NOT EXISTS ${TOVERA_HOST_BUILD}/CMakeCache.txt)
     execute_process(COMMAND ${CMAKE_COMMAND} --preset linux -B ${TOVERA_HOST_BUILD}
@@ -11,7 +16,7 @@ endif()
 set(texts ${TOVERA_HOST_BUILD}/interface_texts)
 set(idl ${CMAKE_SOURCE_DIR}/tools/interface/idl)
 # The compiler writes the time into the library, unless it is given one.
-set(widl ${CMAKE_COMMAND} -E env WIDL_TIME_OVERRIDE=0 ${TOVERA_WIDL} --win32 -I ${idl})
+set(widl ${CMAKE_COMMAND} -E env WIDL_TIME_OVERRIDE=0 ${TOVERA_WIDL} ${library_kind} -I ${idl})
 
 add_custom_target(interface_texts BYPRODUCTS ${texts}
     COMMAND ${CMAKE_COMMAND} --build ${TOVERA_HOST_BUILD} --target interface_texts

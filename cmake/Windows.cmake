@@ -1,22 +1,40 @@
 # The Windows home: the portable logic with the real ports, and the component.
 enable_language(RC)
 
-# Hosts call with a stack that is aligned to 4 bytes only. A component of this kind stays small: sections let
-# the linker drop what nobody calls.
-target_compile_options(tovera_options INTERFACE -mstackrealign -Os -ffunction-sections -fdata-sections)
+# A component of this kind stays small: sections let the linker drop what nobody calls. Of 32 bits, hosts call with a
+# stack that is aligned to 4 bytes only, and names of functions bear an underscore and the size of their arguments.
+target_compile_options(tovera_options INTERFACE -Os -ffunction-sections -fdata-sections)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    target_compile_options(tovera_options INTERFACE -mstackrealign)
+    set(kill_at --kill-at)
+    set(of_the_linker "_")
+    set(wrapped_import _imp__GetModuleHandleA@4)
+else()
+    set(wrapped_import __imp_GetModuleHandleA)
+endif()
 
 # The Automation library costs as much to load as all the rest, and an object is made without it.
 set(automation_library ${CMAKE_BINARY_DIR}/liboleaut32_at_first_call.a)
 set(automation_functions ${CMAKE_CURRENT_SOURCE_DIR}/src/platform/windows/oleaut32.def)
+set(bound_functions ${CMAKE_BINARY_DIR}/oleaut32.def)
+file(READ ${automation_functions} definitions)
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    string(REGEX REPLACE "@[0-9]+" "" definitions "${definitions}")
+endif()
+file(CONFIGURE OUTPUT ${bound_functions} CONTENT "${definitions}")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${automation_functions})
 add_custom_command(OUTPUT ${automation_library}
-    COMMAND ${CMAKE_DLLTOOL} --kill-at --temp-prefix oleaut32_at_first_call
-        --input-def ${automation_functions} --output-delaylib ${automation_library}
-    DEPENDS ${automation_functions})
+    COMMAND ${CMAKE_DLLTOOL} ${kill_at} --temp-prefix oleaut32_at_first_call
+        --input-def ${bound_functions} --output-delaylib ${automation_library}
+    DEPENDS ${bound_functions})
 add_custom_target(automation_library DEPENDS ${automation_library})
 # What a function does before the library is loaded is found through a table only, which keeps nothing alive.
 file(STRINGS ${automation_functions} calls_before_loading REGEX "@")
 list(TRANSFORM calls_before_loading STRIP)
-list(TRANSFORM calls_before_loading PREPEND "LINKER:--undefined,_")
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    list(TRANSFORM calls_before_loading REPLACE "@.*" "")
+endif()
+list(TRANSFORM calls_before_loading PREPEND "LINKER:--undefined,${of_the_linker}")
 
 file(GLOB layer CONFIGURE_DEPENDS src/platform/windows/*.cpp)
 add_library(tovera_logic STATIC ${logic} ${layer})
@@ -43,7 +61,7 @@ set_property(SOURCE src/automation/tovera.rc APPEND PROPERTY INCLUDE_DIRECTORIES
 # The same sources give the same bytes: nothing in the file tells when it was made. Aligned to pages, the file
 # is mapped at loading instead of being read. The wrapped import is that of no_shared_libgcc.cpp.
 target_link_options(tovera_component PRIVATE -static -s
-    LINKER:--wrap,_imp__GetModuleHandleA@4,--kill-at,--enable-stdcall-fixup,--gc-sections,--dynamicbase,--nxcompat,--no-insert-timestamp,--file-alignment,4096)
+    LINKER:--wrap,${wrapped_import},--kill-at,--enable-stdcall-fixup,--gc-sections,--dynamicbase,--nxcompat,--no-insert-timestamp,--file-alignment,4096)
 set_target_properties(tovera_component PROPERTIES
     OUTPUT_NAME TOVERA PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 include(Package)

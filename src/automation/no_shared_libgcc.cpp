@@ -10,5 +10,10 @@ HMODULE WINAPI notLoaded(LPCSTR) {
 
 }  // namespace
 
+// The name that the linker gives the wrapped import; of 32 bits it has an underscore more and the arguments' size.
+#ifdef _WIN64
+extern "C" decltype(&GetModuleHandleA) const wrapped asm("__wrap___imp_GetModuleHandleA");
+#else
 extern "C" decltype(&GetModuleHandleA) const wrapped asm("___wrap__imp__GetModuleHandleA@4");
+#endif
 decltype(&GetModuleHandleA) const wrapped = &notLoaded;

@@ -1,11 +1,7 @@
 #include "platform/sound.h"
 
-#include <mmsystem.h>
-
 #include "platform/windows/entry_point.h"
-
-// Left out of the system's own declarations.
-extern "C" BOOL WINAPI mciExecute(LPCSTR command);
+#include "platform/windows/system_sound.h"
 
 namespace tovera {
 namespace {
