@@ -10,7 +10,8 @@ HMODULE WINAPI notLoaded(LPCSTR) {
 
 }  // namespace
 
-// The name that the linker gives the wrapped import; of 32 bits it has an underscore more and the arguments' size.
+// The name that the linker gives the wrapped import; of 32 bits it has an underscore more and the arguments'
+// size.
 #ifdef _WIN64
 extern "C" decltype(&GetModuleHandleA) const wrapped asm("__wrap___imp_GetModuleHandleA");
 #else
