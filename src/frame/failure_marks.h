@@ -60,4 +60,28 @@ void onFailure(Handler&& handler, Logic&& logic) {
     std::forward<Handler>(handler)(std::as_const(error));
 }
 
+/// The same mark with a handler that goes on behind the failed statement. Each statement is a call; one that fails goes
+/// to the handler with the current error, and what it was to produce stays as it was.
+template <class Handler>
+class GoesOnBehindFailures {
+  public:
+    explicit GoesOnBehindFailures(Handler handler) : handler_(std::move(handler)) {}
+
+    /// Runs a statement that tests a call's result: true when the call succeeded. Behind a raised failure stands the
+    /// branch for one that was returned.
+    template <class Test>
+    bool test(Test&& test) {
+        bool succeeded = false;
+        onFailure(handler_, [&] { succeeded = std::forward<Test>(test)() != 0; });
+        return succeeded;
+    }
+    template <class Statement>
+    void run(Statement&& statement) {
+        onFailure(handler_, std::forward<Statement>(statement));
+    }
+
+  private:
+    Handler handler_;
+};
+
 }  // namespace tovera
