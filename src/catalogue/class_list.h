@@ -2,6 +2,7 @@
 
 #include "calendar/class_table.h"
 #include "conversion/class_table.h"
+#include "crypto/class_table.h"
 #include "database/class_table.h"
 #include "geometry/class_table.h"
 #include "language/class_table.h"
@@ -14,7 +15,7 @@ template <class... Classes>
 struct TypeList {};
 
 /// The classes of the component, in the order of their publication.
-using ComponentClasses =
-    TypeList<Cls_InitREG, Cls_Traduction, Cls_Date, Cls_SQL, Cls_Conversion, Cls_Multimedia, Cls_Math>;
+using ComponentClasses = TypeList<Cls_InitREG, Cls_Traduction, Cls_Date, Cls_SQL, Cls_Cryptage,
+                                  Cls_Conversion, Cls_Multimedia, Cls_Math>;
 
 }  // namespace tovera

@@ -60,15 +60,15 @@ void onFailure(Handler&& handler, Logic&& logic) {
     std::forward<Handler>(handler)(std::as_const(error));
 }
 
-/// The same mark with a handler that goes on behind the failed statement. Each statement is a call; one that fails goes
-/// to the handler with the current error, and what it was to produce stays as it was.
+/// The same mark with a handler that goes on behind the failed statement. Each statement is a call; one that
+/// fails goes to the handler with the current error, and what it was to produce stays as it was.
 template <class Handler>
 class GoesOnBehindFailures {
   public:
     explicit GoesOnBehindFailures(Handler handler) : handler_(std::move(handler)) {}
 
-    /// Runs a statement that tests a call's result: true when the call succeeded. Behind a raised failure stands the
-    /// branch for one that was returned.
+    /// Runs a statement that tests a call's result: true when the call succeeded. Behind a raised failure
+    /// stands the branch for one that was returned.
     template <class Test>
     bool test(Test&& test) {
         bool succeeded = false;

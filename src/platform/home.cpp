@@ -1,3 +1,4 @@
+#include "platform/crypto_provider.h"
 #include "platform/drives.h"
 #include "platform/file_names.h"
 #include "platform/files.h"
@@ -15,6 +16,7 @@ namespace tovera {
 
 Platform& home() {
     static Platform platform = Platform(homeServices())
+                                   .with(homeCryptoProvider())
                                    .with(homeDrives())
                                    .with(homeFileNames())
                                    .with(homeFiles())

@@ -135,6 +135,28 @@ int replace(const FileDescriptor& folder, const char* name, const struct stat* o
     return 0;
 }
 
+/// A file without a name, which is gone with its descriptor; not every file system has such files.
+FileDescriptor createNameless(const FileDescriptor& folder, mode_t mode) {
+    return FileDescriptor(openat(folder.get(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, mode));
+}
+
+int giveName(const FileDescriptor& file, const FileDescriptor& folder, const char* name) {
+    const auto self = "/proc/self/fd/" + std::to_string(file.get());
+    return linkat(AT_FDCWD, self.c_str(), folder.get(), name, AT_SYMLINK_FOLLOW) == 0 ? 0 : errno;
+}
+
+/// The same with a name beside the wanted one, under the folder's lock.
+int makeBeside(const FileDescriptor& folder, const char* name, std::string_view bytes, mode_t mode) {
+    FileDescriptor lockFile;
+    if (const int error = lockFolder(folder, lockFile)) return error;
+    const auto file = createNew(folder, mode);
+    if (!file.isOpen()) return errno;
+    int error = fchmod(file.get(), mode) == 0 ? writeWhole(file.get(), bytes) : errno;
+    if (error == 0 && linkat(folder.get(), newFileName, folder.get(), name, 0) != 0) error = errno;
+    unlinkat(folder.get(), newFileName, 0);
+    return error;
+}
+
 }  // namespace
 
 int readFile(const std::string& path, FileBytes& bytes) {
@@ -180,6 +202,23 @@ int changeFile(const std::string& path, const FileChange& change) {
     }
     const auto changed = change(bytes.view());
     return changed ? replace(folder, name, opened == 0 ? &facts : nullptr, *changed) : 0;
+}
+
+int makeFile(const std::string& path, std::string_view bytes, mode_t mode) {
+    const FileDescriptor folder(open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.isOpen()) return errno;
+    const auto* const name = path.c_str() + (path.rfind('/') + 1);
+    int error = 0;
+    if (const auto file = createNameless(folder, mode); file.isOpen()) {
+        error = fchmod(file.get(), mode) == 0 ? writeWhole(file.get(), bytes) : errno;
+        if (error == 0) error = giveName(file, folder, name);
+    } else if (errno == EOPNOTSUPP || errno == EISDIR || errno == ENOENT) {
+        error = makeBeside(folder, name, bytes, mode);
+    } else {
+        error = errno;
+    }
+    if (error == 0) fsync(folder.get());
+    return error;
 }
 
 }  // namespace tovera

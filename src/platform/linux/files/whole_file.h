@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 
 // Files that are read and replaced as a whole.
 namespace tovera {
@@ -53,5 +54,9 @@ using FileChange = std::function<std::optional<std::string>(std::string_view byt
 /// a missing folder isn't. A symbolic link stays, and the file that it leads to changes. The changes of all
 /// processes happen one after the other, so that none is lost.
 int changeFile(const std::string& path, const FileChange& change);
+
+/// Makes a file whole or not at all, also when this process ends in the middle: its bytes reach the disk
+/// before it has its name. EEXIST where the name is taken: what bears it stays as it is.
+int makeFile(const std::string& path, std::string_view bytes, mode_t mode);
 
 }  // namespace tovera
