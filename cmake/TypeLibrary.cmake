@@ -4,8 +4,10 @@ set(TOVERA_HOST_BUILD ${CMAKE_SOURCE_DIR}/build/linux CACHE PATH "Native build t
 find_program(TOVERA_WIDL NAMES ${CMAKE_SYSTEM_PROCESSOR}-w64-mingw32-widl i686-w64-mingw32-widl widl REQUIRED)
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     set(library_kind --win64)
+    set(architecture amd64)
 else()
     set(library_kind --win32)
+    set(architecture x86)
 endif()
 
 if(NOT EXISTS ${TOVERA_HOST_BUILD}/CMakeCache.txt)
@@ -33,13 +35,14 @@ add_custom_command(OUTPUT ${TOVERA_TYPE_LIBRARY}
     COMMAND ${widl} -N -t -L ${made} -o ${made}/compiled.tlb ${made}/library.idl
     COMMAND ${texts} finish ${made}/compiled.tlb ${TOVERA_TYPE_LIBRARY}
     DEPENDS interface_texts ${texts} ${made}/stdole2.tlb)
-# Early-bound C++ clients are compiled against this header.
+# Early-bound C++ clients are compiled against this header. It tells the name that its source was given by.
 add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/KADRELDLL.h
     COMMAND ${texts} header-idl > ${made}/KADRELDLL.idl
-    COMMAND ${widl} -N -h -L ${made} -o ${CMAKE_BINARY_DIR}/KADRELDLL.h ${made}/KADRELDLL.idl
+    COMMAND ${widl} -N -h -L . -o ../KADRELDLL.h KADRELDLL.idl
+    WORKING_DIRECTORY ${made}
     DEPENDS interface_texts ${texts} ${made}/stdole2.tlb)
 add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/TOVERA.manifest
-    COMMAND ${texts} manifest > ${CMAKE_BINARY_DIR}/TOVERA.manifest
+    COMMAND ${texts} manifest ${architecture} > ${CMAKE_BINARY_DIR}/TOVERA.manifest
     DEPENDS interface_texts ${texts})
 add_custom_target(type_library ALL
     DEPENDS ${TOVERA_TYPE_LIBRARY} ${CMAKE_BINARY_DIR}/KADRELDLL.h ${CMAKE_BINARY_DIR}/TOVERA.manifest)

@@ -1,7 +1,14 @@
 @echo off
-rem Registers TOVERA.dll where it lies: for all users from an administrator's prompt, else for the current user.
-rem With /s without a message. The component is of 32 bits, and so must the registering program be.
+rem Registers the component where it lies, for all programs that this Windows runs: of 32 bits, and of 64 where it has
+rem 64. For all users from an administrator's prompt, else for the current user. With /s without a message.
 setlocal
-set tool=%SystemRoot%\SysWOW64\regsvr32.exe
-if not exist "%tool%" set tool=%SystemRoot%\system32\regsvr32.exe
-"%tool%" %1 "%~dp0TOVERA.dll"
+set failed=0
+set own=%SystemRoot%\System32
+if exist "%SystemRoot%\Sysnative\regsvr32.exe" set own=%SystemRoot%\Sysnative
+if exist "%SystemRoot%\SysWOW64\regsvr32.exe" goto both
+"%own%\regsvr32.exe" %1 "%~dp0x86\TOVERA.dll" || set failed=1
+exit /b %failed%
+:both
+"%SystemRoot%\SysWOW64\regsvr32.exe" %1 "%~dp0x86\TOVERA.dll" || set failed=1
+"%own%\regsvr32.exe" %1 "%~dp0x64\TOVERA.dll" || set failed=1
+exit /b %failed%

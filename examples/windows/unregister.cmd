@@ -1,7 +1,13 @@
 @echo off
 rem Takes back what register.cmd has registered. With /s without a message.
-rem The component is of 32 bits, and so must the registering program be.
 setlocal
-set tool=%SystemRoot%\SysWOW64\regsvr32.exe
-if not exist "%tool%" set tool=%SystemRoot%\system32\regsvr32.exe
-"%tool%" /u %1 "%~dp0TOVERA.dll"
+set failed=0
+set own=%SystemRoot%\System32
+if exist "%SystemRoot%\Sysnative\regsvr32.exe" set own=%SystemRoot%\Sysnative
+if exist "%SystemRoot%\SysWOW64\regsvr32.exe" goto both
+"%own%\regsvr32.exe" /u %1 "%~dp0x86\TOVERA.dll" || set failed=1
+exit /b %failed%
+:both
+"%SystemRoot%\SysWOW64\regsvr32.exe" /u %1 "%~dp0x86\TOVERA.dll" || set failed=1
+"%own%\regsvr32.exe" /u %1 "%~dp0x64\TOVERA.dll" || set failed=1
+exit /b %failed%

@@ -14,8 +14,8 @@
 //
 //   interface_texts idl             the IDL of the type library, in the ANSI code page
 //   interface_texts header-idl      the IDL of the header for C++ clients
-//   interface_texts manifest        the manifest for use without registration
-//   interface_texts finish IN OUT   finishes a compiled type library
+//   interface_texts manifest KIND   the manifest for use without registration by programs of the kind x86 or
+//   amd64 interface_texts finish IN OUT   finishes a compiled type library
 
 namespace {
 
@@ -37,9 +37,10 @@ bool run(std::span<char*> arguments) {
     const std::string_view what = arguments.size() > 1 ? arguments[1] : "";
     if (what == "idl") return bool(std::cout << ansi(tools::idlText(tools::IdlFor::Library)));
     if (what == "header-idl") return bool(std::cout << ansi(tools::idlText(tools::IdlFor::Header)));
-    if (what == "manifest") return bool(std::cout << tools::manifestText());
+    if (what == "manifest" && arguments.size() == 3)
+        return bool(std::cout << tools::manifestText(arguments[2]));
     if (what == "finish" && arguments.size() == 4) return finish(arguments[2], arguments[3]);
-    std::cerr << "interface_texts: idl | header-idl | manifest | finish IN OUT\n";
+    std::cerr << "interface_texts: idl | header-idl | manifest KIND | finish IN OUT\n";
     return false;
 }
 

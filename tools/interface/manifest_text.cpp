@@ -26,12 +26,14 @@ std::string interfaceText(const ClassDescription& description) {
 
 }  // namespace
 
-std::string manifestText() {
+std::string manifestText(std::string_view architecture) {
     std::string text =
         "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
         "<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n"
         "  <assemblyIdentity type=\"win32\" name=\"TOVERA\" version=\"1.0.0.0\" "
-        "processorArchitecture=\"x86\"/>\n"
+        "processorArchitecture=\"" +
+        std::string(architecture) +
+        "\"/>\n"
         "  <file name=\"TOVERA.dll\">\n";
     for (const auto& entry : catalogue()) text += classText(entry.description());
     text += "    <typelib tlbid=\"" + braced(libraryId()) + "\" version=\"" + std::string(libraryVersion) +
