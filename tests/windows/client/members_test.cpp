@@ -91,7 +91,7 @@ const std::vector<StepsOfClass>& allSteps() {
             {"OuvrirMP3", {L"C:\\aucun.mp3", Value::truth(true)}, {}},
             {"JouerMP3", {}, {}}, {"PauseMP3", {}, {}}, {"StopMP3", {}, {}},
             {"FrequenceFichierWAV", {L"C:\\client\\vide.wav"}, short{0}},
-            {"TypePeripherique", {L"C"}, short{3}}, {"EstDisqueDur", {L"C"}, Value::truth(true)},
+            {"TypePeripherique", {L"C"}, 3}, {"EstDisqueDur", {L"C"}, Value::truth(true)},
             {"EstCDROM", {L"C"}, Value::truth(false)}, {"EstDisqueReseau", {L"C"}, Value::truth(false)},
             {"EstDisquette", {L"C"}, Value::truth(false)}, {"ReglageVolume", {Value::truth(true)}, {}, 53},
             {"CarteSonPresente", {}, std::nullopt}, {"NoSerieDisque", {L"C"}, std::nullopt},
