@@ -67,11 +67,11 @@ AutomationObject::AutomationObject(const PublishedClass& publishedClass)
     : ComponentObject(publishedClass.description(), home().services),
       publishedClass_(publishedClass),
       dual_{publishedClass.slots, this} {
-    ModuleState::addObject();
+    ModuleState::addReference();
 }
 
 AutomationObject::~AutomationObject() {
-    ModuleState::removeObject();
+    ModuleState::removeReference();
 }
 
 STDMETHODIMP AutomationObject::QueryInterface(REFIID interfaceId, void** found) {

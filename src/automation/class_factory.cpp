@@ -10,7 +10,19 @@ STDMETHODIMP ClassFactory::QueryInterface(REFIID interfaceId, void** found) {
     if (!found) return E_POINTER;
     const bool known = interfaceId == IID_IUnknown || interfaceId == IID_IClassFactory;
     *found = known ? static_cast<IClassFactory*>(this) : nullptr;
+    if (known) AddRef();
     return known ? S_OK : E_NOINTERFACE;
+}
+
+STDMETHODIMP_(ULONG) ClassFactory::AddRef() {
+    ModuleState::addReference();
+    return ++references_;
+}
+
+STDMETHODIMP_(ULONG) ClassFactory::Release() {
+    const ULONG left = --references_;
+    ModuleState::removeReference();
+    return left;
 }
 
 STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID interfaceId, void** created) {

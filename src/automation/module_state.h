@@ -4,11 +4,12 @@
 
 namespace tovera {
 
-/// What keeps the component loaded: its objects and the locks of its factories, on whatever thread.
+/// What keeps the component loaded: its objects, references to its factories and their locks, on whatever
+/// thread.
 class ModuleState {
   public:
-    static void addObject() noexcept { ++objects_; }
-    static void removeObject() noexcept { --objects_; }
+    static void addReference() noexcept { ++references_; }
+    static void removeReference() noexcept { --references_; }
     static void addLock() noexcept { ++locks_; }
     /// False when there is none to remove, which leaves what is counted as it was.
     static bool removeLock() noexcept {
@@ -17,10 +18,10 @@ class ModuleState {
         }
         return held > 0;
     }
-    static bool isIdle() noexcept { return objects_ == 0 && locks_ == 0; }
+    static bool isIdle() noexcept { return references_ == 0 && locks_ == 0; }
 
   private:
-    static inline std::atomic<long> objects_ = 0;
+    static inline std::atomic<long> references_ = 0;
     static inline std::atomic<long> locks_ = 0;
 };
 

@@ -18,6 +18,9 @@ namespace {
 /// The parts of the file format that are touched here. All numbers are little-endian.
 namespace format {
 constexpr std::uint32_t signature = 0x5446534D;
+constexpr std::size_t kind = 0x14;
+constexpr std::uint32_t kindMask = 0xF;
+constexpr std::uint32_t kind64Bits = 3;
 constexpr std::size_t typeCount = 0x20;
 constexpr std::size_t afterHeader = 0x54;  ///< an offset for each type, then the directory of segments
 constexpr std::size_t segmentEntry = 16;   ///< offset, length, two reserved numbers
@@ -41,9 +44,8 @@ constexpr std::size_t textStart = 2;
 constexpr std::size_t smallestText = 8;
 }  // namespace format
 
-/// Slots in front of the members, and the width of one.
+/// Slots in front of the members.
 constexpr std::size_t standardSlots = 7;
-constexpr std::size_t slotWidth = 4;
 
 class LibraryFile {
   public:
@@ -65,6 +67,12 @@ class LibraryFile {
         std::memcpy(bytes_.data() + place, &value, sizeof value);
     }
     void writeText(std::size_t place, std::string_view text) { bytes_.replace(place, text.size(), text); }
+
+    /// The width of a slot, which is that of an address of the library's own system.
+    std::size_t slotWidth() const {
+        const auto kind = read<std::uint32_t>(format::kind) & format::kindMask;
+        return kind == format::kind64Bits ? 8 : 4;
+    }
 
     std::size_t segment(std::size_t number) const { return read<std::uint32_t>(entryOf(number)); }
     std::size_t segmentEnd(std::size_t number) const {
@@ -128,10 +136,10 @@ void writeSlots(LibraryFile& file, const ClassDescription& description) {
     for (std::size_t slot = 0; slot < description.members.size(); ++slot) {
         if (!description.members[slot].published) continue;
         file.write(record + format::slotOffset,
-                   static_cast<std::uint16_t>((standardSlots + slot) * slotWidth));
+                   static_cast<std::uint16_t>((standardSlots + slot) * file.slotWidth()));
         record += file.read<std::uint16_t>(record);
     }
-    const auto size = (standardSlots + description.members.size()) * slotWidth;
+    const auto size = (standardSlots + description.members.size()) * file.slotWidth();
     file.write(type + format::slotsSize, static_cast<std::uint16_t>(size));
 }
 

@@ -43,13 +43,20 @@ void fill(SAFEARRAY& array, const StringArray& source, VARTYPE elements) {
     }
 }
 
+/// What callers say of an array may not be what it is, so it is asked itself. One that doesn't know its type
+/// has nothing yet that could be of another.
+bool holds(SAFEARRAY& array, VARTYPE elements) {
+    VARTYPE own = VT_EMPTY;
+    return SUCCEEDED(SafeArrayGetVartype(&array, &own)) ? own == elements : !array.pvData;
+}
+
 }  // namespace
 
 StringArray arrayOf(SAFEARRAY* array, VARTYPE elements) {
     if (elements != VT_BSTR && elements != VT_VARIANT) raise(ErrorNumber::TypeMismatch);
+    if (array && !holds(*array, elements)) raise(ErrorNumber::TypeMismatch);
     if (!array || !array->pvData) return {};
-    const std::size_t size = elements == VT_BSTR ? sizeof(BSTR) : sizeof(VARIANT);
-    if (array->cDims != 1 || array->cbElements != size) raise(ErrorNumber::TypeMismatch);
+    if (array->cDims != 1) raise(ErrorNumber::TypeMismatch);
     auto texts = elements == VT_BSTR ? textsOf<BSTR>(*array) : textsOf<VARIANT>(*array);
     auto converted = StringArray::of(std::move(texts), array->rgsabound[0].lLbound);
     const bool isFixed = (array->fFeatures & (FADF_FIXEDSIZE | FADF_STATIC | FADF_AUTO | FADF_EMBEDDED)) != 0;

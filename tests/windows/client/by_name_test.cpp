@@ -1,3 +1,5 @@
+#include <cstring>
+
 #include "client/invocation.h"
 
 // Late-bound calls with every kind of argument that hosts pass.
@@ -86,6 +88,11 @@ TEST_F(ByName, ArraysOfTexts) {
     expectBound(Value::reference(VT_ARRAY | VT_BSTR, &unfilled), S_OK, unfilled, 1);
     expectBound(held.referred(VT_VARIANT), S_OK, texts, 1);
     expectBound(Value::reference(VT_ARRAY | VT_I4, &integers), DISP_E_TYPEMISMATCH, integers, 8);
+    for (const VARTYPE other : {VT_I4, VT_I8, VT_VARIANT}) {  // of a text's width in either bitness, and not
+        SAFEARRAY* filled = SafeArrayCreateVector(other, 0, 9);
+        if (other != VT_VARIANT) std::memset(filled->pvData, 1, 9 * sizeof(int));
+        expectBound(Value::reference(VT_ARRAY | VT_BSTR, &filled), DISP_E_TYPEMISMATCH, filled, 8);
+    }
 }
 
 TEST_F(ByName, WrongCountsNamesAndKindsAreRefused) {

@@ -82,17 +82,21 @@ TEST_F(ObjectRules, ClassFactoriesRefuseWhatTheyHaveNot) {
     expectNothing(E_NOINTERFACE, instance(nullptr, __uuidof(_Cls_Math)));
 }
 
-TEST_F(ObjectRules, UnloadingWaitsForObjectsAndLocks) {
+TEST_F(ObjectRules, UnloadingWaitsForObjectsFactoriesAndLocks) {
     auto conversion = component.create<Cls_Conversion, _Cls_Conversion>();
-    const auto factory = component.factory(__uuidof(Cls_Date));
     dates.Reset();
-    EXPECT_EQ(factory->LockServer(FALSE), E_FAIL) << "there is none";
     EXPECT_FALSE(component.canUnloadNow());
     conversion.Reset();
     EXPECT_TRUE(component.canUnloadNow());
-    for (const BOOL lock : {TRUE, TRUE, FALSE}) factory->LockServer(lock);
+    auto factory = component.factory(__uuidof(Cls_Date));
+    EXPECT_EQ(factory->AddRef(), 2U);
+    EXPECT_EQ(factory->Release(), 1U);
+    EXPECT_EQ(factory->LockServer(FALSE), E_FAIL) << "there is none";
     EXPECT_FALSE(component.canUnloadNow());
-    factory->LockServer(FALSE);
+    for (const BOOL lock : {TRUE, TRUE, FALSE}) factory->LockServer(lock);
+    factory.Reset();
+    EXPECT_FALSE(component.canUnloadNow());
+    component.factory(__uuidof(Cls_Math))->LockServer(FALSE);
     EXPECT_TRUE(component.canUnloadNow());
 }
 

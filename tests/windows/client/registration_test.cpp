@@ -6,10 +6,13 @@
 namespace tovera::client {
 namespace {
 
+/// The keys of both bitnesses, each where it really is.
+constexpr REGSAM allKeys = KEY_READ | KEY_WOW64_64KEY;
+
 /// All keys below a key, each in brackets and behind its values.
 std::wstring treeOf(HKEY parent, const std::wstring& name, const std::wstring& path) {
     HKEY key = nullptr;
-    if (RegOpenKeyExW(parent, name.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return {};
+    if (RegOpenKeyExW(parent, name.c_str(), 0, allKeys, &key) != ERROR_SUCCESS) return {};
     std::wstring all, found(16384, L'\0'), data(16384, L'\0');
     DWORD length = 16384, size = 32768;
     for (DWORD i = 0; RegEnumValueW(key, i, found.data(), &length, nullptr, nullptr,

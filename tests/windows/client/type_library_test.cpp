@@ -17,7 +17,8 @@ TEST(TypeLibrary, Facts) {
     EXPECT_EQ(help, Value(L"KADREL..INI REG WINDOWS WAIT"));
     const auto& attributes = library.attributes();
     EXPECT_TRUE(attributes.wMajorVerNum == 1 && attributes.wMinorVerNum == 0);
-    EXPECT_TRUE(attributes.lcid == 0 && attributes.syskind == SYS_WIN32);
+    EXPECT_EQ(attributes.lcid, 0U);
+    EXPECT_EQ(attributes.syskind, sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32);
 
     // The resource's own fields: signature, and the locale that no interface tells.
     const HMODULE module = Component::loaded().module();
@@ -132,7 +133,8 @@ std::string layoutOf(ITypeInfo* info) {
 }
 
 TEST(TypeLibrary, Records) {
-    const std::string layouts[] = {
+    // A text takes the width of a reference.
+    const std::string layoutsOf32[] = {
         "32 bytes, 0 hOwner I4, 4 pidlRoot I4, 8 pszDisplayName BSTR, 12 lpszTitle BSTR, 16 ulFlags I4, "
         "20 lpfn I4, 24 lParam I4, 28 iImage I4",
         "8 bytes, 0 x I4, 4 y I4",
@@ -141,6 +143,16 @@ TEST(TypeLibrary, Records) {
         "28 bytes, 0 hwnd I4, 4 wFunc I4, 8 pFrom BSTR, 12 pTo BSTR, 16 fFlags I2, "
         "18 fAnyOperationsAborted VARIANT_BOOL, 20 hNameMappings I4, 24 lpszProgressTitle BSTR",
     };
+    const std::string layoutsOf64[] = {
+        "40 bytes, 0 hOwner I4, 4 pidlRoot I4, 8 pszDisplayName BSTR, 16 lpszTitle BSTR, 24 ulFlags I4, "
+        "28 lpfn I4, 32 lParam I4, 36 iImage I4",
+        layoutsOf32[1],
+        layoutsOf32[2],
+        layoutsOf32[3],
+        "40 bytes, 0 hwnd I4, 4 wFunc I4, 8 pFrom BSTR, 16 pTo BSTR, 24 fFlags I2, "
+        "26 fAnyOperationsAborted VARIANT_BOOL, 28 hNameMappings I4, 32 lpszProgressTitle BSTR",
+    };
+    const auto& layouts = sizeof(void*) == 8 ? layoutsOf64 : layoutsOf32;
     const Library library;
     const auto classOfRecords = library.at(4);
     const auto help = classOfRecords ? documentationOf(classOfRecords.get()).help : "";
