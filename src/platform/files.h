@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string_view>
+#include <vector>
+
 #include "frame/bstr.h"
 #include "frame/values.h"
 #include "platform/port.h"
@@ -18,6 +21,24 @@ struct Files : Port<Files> {
     virtual void readI2(const Bstr& path, I4 position, I2& number) {
         missingEntryPoint(path, position, number);
     }
+
+    /// Opens a file for appending, where a missing one is made, and adds the bytes behind what it holds, all
+    /// at once.
+    virtual void append(const Bstr& path, std::string_view bytes) { missingEntryPoint(path, bytes); }
+
+    /// Makes a folder the current one of the process, where bare names are looked for.
+    virtual void changeFolder(const Bstr& path) { missingEntryPoint(path); }
+
+    /// The names of the normal files that match a pattern with `*` and `?` in its last component, in the
+    /// order of the folder; none where the folder is missing.
+    virtual std::vector<Bstr> filesLike(const Bstr& pattern) {
+        missingEntryPoint(pattern);
+        return {};
+    }
+
+    /// Copies a file, replacing one that stands at the target.
+    virtual void copy(const Bstr& source, const Bstr& target) { missingEntryPoint(source, target); }
+    virtual void remove(const Bstr& path) { missingEntryPoint(path); }
 };
 
 Files& homeFiles();

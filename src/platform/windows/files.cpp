@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "frame/error.h"
 #include "frame/last_error.h"
@@ -23,6 +24,7 @@ ErrorNumber errorOf(DWORD status) {
         case ERROR_PATH_NOT_FOUND:
         case ERROR_BAD_PATHNAME:
         case ERROR_INVALID_DRIVE:
+        case ERROR_DIRECTORY:
             return ErrorNumber::PathNotFound;
         case ERROR_FILE_EXISTS:
         case ERROR_ALREADY_EXISTS:
@@ -39,6 +41,23 @@ ErrorNumber errorOf(DWORD status) {
             return ErrorNumber::PathAccess;
     }
 }
+
+/// Saves the system's error, and raises the one that stands for it when a call failed.
+void succeeded(BOOL result) {
+    const DWORD status = GetLastError();
+    lastError() = static_cast<I4>(status);
+    if (!result) raise(errorOf(status));
+}
+
+struct EndSearch {
+    using pointer = HANDLE;
+    void operator()(HANDLE search) const { FindClose(search); }
+};
+/// A walk through a folder; null where nothing was found.
+class Search : public std::unique_ptr<HANDLE, EndSearch> {
+  public:
+    explicit Search(HANDLE search) : unique_ptr(search == INVALID_HANDLE_VALUE ? nullptr : search) {}
+};
 
 /// An open file, closed at the end; null for one that can't be opened.
 struct CloseFile {
@@ -79,6 +98,31 @@ class WindowsFiles : public Files {
         const bool read = ReadFile(file.get(), &number, sizeof number, &count, &place) != 0;
         if (!read && GetLastError() != ERROR_HANDLE_EOF) raise(errorOf(GetLastError()));
     }
+    void append(const Bstr& path, std::string_view bytes) override {
+        const OpenedFile file(CreateFileW(pathOf(path).c_str(), FILE_APPEND_DATA,
+                                          FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
+                                          FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (!file) raise(errorOf(GetLastError()));
+        DWORD count = 0;
+        succeeded(WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr));
+    }
+    void changeFolder(const Bstr& path) override { succeeded(SetCurrentDirectoryW(pathOf(path).c_str())); }
+    std::vector<Bstr> filesLike(const Bstr& pattern) override {
+        constexpr DWORD unusual = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+        std::vector<Bstr> names;
+        WIN32_FIND_DATAW found;
+        const Search search(FindFirstFileW(pathOf(pattern).c_str(), &found));
+        for (bool more = search != nullptr; more; more = FindNextFileW(search.get(), &found) != 0) {
+            const std::wstring_view name = static_cast<const wchar_t*>(found.cFileName);
+            if ((found.dwFileAttributes & unusual) == 0)
+                names.emplace_back(std::u16string(name.begin(), name.end()));
+        }
+        return names;
+    }
+    void copy(const Bstr& source, const Bstr& target) override {
+        succeeded(CopyFileW(pathOf(source).c_str(), pathOf(target).c_str(), FALSE));
+    }
+    void remove(const Bstr& path) override { succeeded(DeleteFileW(pathOf(path).c_str())); }
 };
 
 }  // namespace

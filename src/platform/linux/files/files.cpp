@@ -1,4 +1,4 @@
-#include "platform/files.h"
+#include "platform/linux/files/files.h"
 
 #include <array>
 #include <cerrno>
@@ -95,33 +95,32 @@ FileDescriptor openedForData(const std::string& path) {
     return file;
 }
 
-class LinuxFiles : public Files {
-    void rename(const Bstr& oldPath, const Bstr& newPath) override {
-        const auto from = foundHostPath(oldPath);
-        auto to = foundHostPath(newPath);
-        if (from.empty() || to.empty()) raise(ErrorNumber::PathNotFound);
-        const auto old = factsOf(from);
-        if (!old) raiseMissing(from);
-        if (const auto inTheWay = factsOf(to)) {
-            // A new name that differs in case alone finds the file itself.
-            const auto written = hostPath(newPath);
-            to = folderOf(to) + written.substr(written.rfind('/') + 1);
-            if (!isSame(*old, *inTheWay) || factsOf(to)) raise(ErrorNumber::FileExists);
-        }
-        const int error = move(from, to);
-        if (error == ENOENT) raiseMissing(from);
-        if (error != 0) raiseFileError(error);
-    }
-    void readI2(const Bstr& path, I4 position, I2& number) override {
-        const auto file = openedForData(foundHostPath(path));
-        std::array<unsigned char, sizeof number> bytes{static_cast<unsigned char>(number),
-                                                       static_cast<unsigned char>(number >> 8)};
-        if (pread(file.get(), bytes.data(), bytes.size(), position - 1) < 0) raiseFileError(errno);
-        number = static_cast<I2>(bytes[0] | bytes[1] << 8);
-    }
-};
-
 }  // namespace
+
+void LinuxFiles::rename(const Bstr& oldPath, const Bstr& newPath) {
+    const auto from = foundHostPath(oldPath);
+    auto to = foundHostPath(newPath);
+    if (from.empty() || to.empty()) raise(ErrorNumber::PathNotFound);
+    const auto old = factsOf(from);
+    if (!old) raiseMissing(from);
+    if (const auto inTheWay = factsOf(to)) {
+        // A new name that differs in case alone finds the file itself.
+        const auto written = hostPath(newPath);
+        to = folderOf(to) + written.substr(written.rfind('/') + 1);
+        if (!isSame(*old, *inTheWay) || factsOf(to)) raise(ErrorNumber::FileExists);
+    }
+    const int error = move(from, to);
+    if (error == ENOENT) raiseMissing(from);
+    if (error != 0) raiseFileError(error);
+}
+
+void LinuxFiles::readI2(const Bstr& path, I4 position, I2& number) {
+    const auto file = openedForData(foundHostPath(path));
+    std::array<unsigned char, sizeof number> bytes{static_cast<unsigned char>(number),
+                                                   static_cast<unsigned char>(number >> 8)};
+    if (pread(file.get(), bytes.data(), bytes.size(), position - 1) < 0) raiseFileError(errno);
+    number = static_cast<I2>(bytes[0] | bytes[1] << 8);
+}
 
 Files& homeFiles() {
     static LinuxFiles port;

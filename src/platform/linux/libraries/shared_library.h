@@ -24,16 +24,11 @@ class SharedLibrary {
     void* handle_ = nullptr;
 };
 
-/// A function of a shared library, bound at its first call: `EntryPoint<decltype(mdb_get)>`.
+/// The address of a function of a shared library, looked up when it is first asked for.
 template <class Function>
-class EntryPoint {
+class EntryPointAddress {
   public:
-    constexpr EntryPoint(SharedLibrary& library, const char* name) : library_(library), name_(name) {}
-
-    template <class... Arguments>
-    auto operator()(Arguments... arguments) const {
-        return address()(arguments...);
-    }
+    constexpr EntryPointAddress(SharedLibrary& library, const char* name) : library_(library), name_(name) {}
 
     /// For a library that takes the function itself, as a callback.
     Function* address() const {
@@ -49,6 +44,25 @@ class EntryPoint {
     SharedLibrary& library_;
     const char* name_;
     mutable std::atomic<Function*> address_{nullptr};
+};
+
+/// A function of a shared library, bound at its first call: `EntryPoint<decltype(mdb_get)>`.
+template <class Function>
+class EntryPoint : public EntryPointAddress<Function> {
+  public:
+    using EntryPointAddress<Function>::EntryPointAddress;
+    template <class... Arguments>
+    auto operator()(Arguments... arguments) const {
+        return this->address()(arguments...);
+    }
+};
+
+/// The same where the number of arguments is fixed: they convert to what the function declares.
+template <class R, class... Declared>
+class EntryPoint<R(Declared...)> : public EntryPointAddress<R(Declared...)> {
+  public:
+    using EntryPointAddress<R(Declared...)>::EntryPointAddress;
+    R operator()(Declared... arguments) const { return this->address()(arguments...); }
 };
 
 }  // namespace tovera

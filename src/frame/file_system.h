@@ -1,0 +1,32 @@
+#pragma once
+
+#include "frame/object.h"
+#include "frame/services.h"
+
+namespace tovera {
+
+/// A `Scripting.FileSystemObject` with the five operations that the component relies on. Each is a late-bound
+/// call, for which the path crosses as a variable.
+class FileSystem {
+  public:
+    /// Error 429 where it can't be created.
+    explicit FileSystem(Services& services);
+
+    bool fileExists(Bstr& path) const;
+    bool folderExists(Bstr& path) const;
+    /// The last component of a path.
+    Bstr fileName(Bstr& path) const;
+    /// The path without its last component and the separator before it; empty for a bare name.
+    Bstr parentFolderName(Bstr& path) const;
+    /// Makes that one folder.
+    void createFolder(Bstr& path) const;
+
+  private:
+    bool ask(std::u16string_view question, Bstr& path) const;
+    Bstr partOf(std::u16string_view question, Bstr& path) const;
+
+    Services& services_;
+    ObjectRef object_;
+};
+
+}  // namespace tovera
