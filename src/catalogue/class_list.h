@@ -5,6 +5,7 @@
 #include "crypto/class_table.h"
 #include "database/class_table.h"
 #include "geometry/class_table.h"
+#include "input/class_table.h"
 #include "language/class_table.h"
 #include "multimedia/class_table.h"
 #include "registry/class_table.h"
@@ -17,6 +18,6 @@ struct TypeList {};
 
 /// The classes of the component, in the order of their publication.
 using ComponentClasses = TypeList<Cls_InitREG, Cls_Windows, Cls_Traduction, Cls_Date, Cls_SQL, Cls_Cryptage,
-                                  Cls_Conversion, Cls_Multimedia, Cls_Math>;
+                                  Cls_Conversion, Cls_Multimedia, Cls_Math, Cls_SourisClv>;
 
 }  // namespace tovera

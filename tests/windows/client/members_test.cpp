@@ -86,6 +86,13 @@ const std::vector<StepsOfClass>& allSteps() {
             {"put Signature", {L"non"}, {}}, {"get Signature", {}, L"non"},
             {"Validate", {}, {}}, {"get Status", {}, 1},
             {"Sign", {}, {}}, {"Validate", {}, {}}, {"get Status", {}, 2}}},
+        {"_Cls_SourisClv", {
+            {"SourisMasquer", {}, {}}, {"SourisAfficher", {}, {}}, {"SourisPositionner", {short{3}, short{4}}, {}},
+            {"SourisPosition", {1, 2}, std::nullopt}, {"SourisBoutonInverser", {}, {}},
+            {"SourisBoutonOrigine", {}, {}}, {"SourisNbsBouton", {}, short{3}},
+            {"SourisDelaiDoubleClique", {}, 500}, {"ChangerEtat_Touche", {20}, {}},
+            {"LireEtat_Shift", {}, std::nullopt}, {"LireEtat_NumLock", {}, std::nullopt},
+            {"ChangerEtat_Touche", {256}, {}, 9}, {"ChangerEtat_Touche", {20}, {}}}},
         {"_Cls_Multimedia", {
             {"FermerCD", {}, {}}, {"OuvrirCD", {}, {}}, {"JouerUnWav", {L"C:\\aucun.wav"}, {}},
             {"OuvrirMP3", {L"C:\\aucun.mp3", Value::truth(true)}, {}},

@@ -45,7 +45,14 @@ XDisplay::~XDisplay() {
 }
 
 bool XDisplay::isUsable() const {
-    return process_ == getpid() && xcb().has_error(connection_) == 0;
+    if (process_ != getpid()) return false;
+    dropEvents();  // which is also how the end of the server is noticed
+    return xcb().has_error(connection_) == 0;
+}
+
+void XDisplay::dropEvents() const {
+    while (const XReply<xcb_generic_event_t> event{xcb().poll_for_event(connection_)}) {
+    }
 }
 
 xcb_atom_t XDisplay::atom(std::string_view name) {
@@ -88,8 +95,7 @@ std::string XDisplay::bytes(xcb_get_property_cookie_t asked) const {
 
 void XDisplay::sync() {
     reply(xcb().get_input_focus_reply, xcb().get_input_focus(connection_));
-    while (const XReply<xcb_generic_event_t> event{xcb().poll_for_event(connection_)}) {
-    }
+    dropEvents();
 }
 
 }  // namespace tovera

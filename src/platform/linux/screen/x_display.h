@@ -63,6 +63,7 @@ class XDisplay {
 
   private:
     bool isUsable() const;
+    void dropEvents() const;
 
     xcb_connection_t* connection_;
     xcb_screen_t* screen_ = nullptr;

@@ -1,0 +1,164 @@
+#include "platform/input.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <thread>
+
+#include "input/cls_sourisclv.h"
+#include "platform/linux/screen/key_table.h"
+#include "platform/linux/screen/pointer.h"
+#include "platform/linux/temporary_folder.h"
+#include "platform/linux/x_server.h"
+
+namespace tovera::testing {
+namespace {
+
+bool succeeds(const char* command) {
+    return std::system((std::string(command) + " >/dev/null 2>&1").c_str()) == 0;
+}
+
+struct InputOnDisplay : ::testing::Test {
+    void SetUp() override {
+        if (!server.isThere() || !hasDisplay()) GTEST_SKIP() << "no X server for tests (Xvfb)";
+    }
+    I4 state(std::size_t key) {
+        std::array<UI1, keyCount> states{};
+        EXPECT_EQ(homeInput().GetKeyboardState(states), 1);
+        return states[key];
+    }
+
+    XServer server;
+    Cls_SourisClv object;
+};
+
+TEST_F(InputOnDisplay, PointerMovesAndIsFound) {
+    for (const auto& [x, y] : std::vector<std::pair<I2, I2>>{{0, 0}, {640, 512}, {1279, 1023}}) {
+        object.SourisPositionner(x, y);
+        I4 foundX = -1;
+        I4 foundY = -1;
+        EXPECT_NE(object.SourisPosition(foundX, foundY), 0);
+        EXPECT_EQ(std::pair(foundX, foundY), std::pair(I4{x}, I4{y}));
+    }
+}
+
+TEST_F(InputOnDisplay, ButtonsSwapOnce) {
+    auto& port = homeInput();
+    EXPECT_EQ(port.SwapMouseButton(-1), 0);
+    EXPECT_EQ(port.SwapMouseButton(-1), 1) << "swapped twice is swapped still";
+    EXPECT_EQ(port.SwapMouseButton(0), 1);
+    EXPECT_EQ(port.SwapMouseButton(0), 0);
+}
+
+TEST_F(InputOnDisplay, LockKeysAreTheDisplaysOwn) {
+    object.ChangerEtat_Touche(20);
+    EXPECT_EQ(object.LireEtat_Shift(), True);
+    EXPECT_EQ(object.LireEtat_NumLock(), False);
+    if (succeeds("command -v xset")) {
+        EXPECT_TRUE(succeeds("xset q | grep -q 'Caps Lock: *on'")) << "another client sees it";
+    }
+    object.ChangerEtat_Touche(144);
+    std::thread([&] {
+        Cls_SourisClv other;
+        EXPECT_EQ(other.LireEtat_NumLock(), True) << "another thread sees it";
+        other.ChangerEtat_Touche(65);
+        EXPECT_EQ(state(65), 1);
+    }).join();
+    EXPECT_EQ(state(65), 0) << "other keys are the thread's own";
+    object.ChangerEtat_Touche(20);
+    EXPECT_EQ(object.LireEtat_Shift(), False);
+    EXPECT_EQ(object.LireEtat_NumLock(), True);
+    object.ChangerEtat_Touche(144);
+}
+
+TEST_F(InputOnDisplay, KeysThatAreDown) {
+    if (!succeeds("command -v xdotool")) GTEST_SKIP() << "xdotool isn't installed";
+    for (const auto& [name, key] : std::vector<std::pair<std::string, std::size_t>>{
+             {"a", 0x41}, {"7", 0x37}, {"Return", 13}, {"Shift_R", 0xA1}, {"F12", 0x7B}, {"Left", 0x25}}) {
+        EXPECT_EQ(state(key), 0) << name;
+        EXPECT_TRUE(succeeds(("xdotool keydown " + name).c_str()));
+        EXPECT_EQ(state(key), 128) << name;
+        EXPECT_TRUE(succeeds(("xdotool keyup " + name).c_str()));
+    }
+}
+
+TEST_F(InputOnDisplay, CursorCounts) {
+    auto& port = homeInput();
+    EXPECT_EQ(port.ShowCursor(0), -1);
+    EXPECT_EQ(port.ShowCursor(0), -2);
+    EXPECT_EQ(port.ShowCursor(-1), -1);
+    EXPECT_EQ(port.ShowCursor(-1), 0);
+}
+
+TEST_F(InputOnDisplay, ServerThatGoesAway) {
+    object.SourisMasquer();
+    server.end();
+    I4 x = 1;
+    I4 y = 1;
+    EXPECT_EQ(object.SourisPosition(x, y), 0);
+    object.SourisPositionner(1, 1);
+    object.SourisBoutonInverser();
+    object.SourisAfficher();
+    EXPECT_EQ(object.LireEtat_Shift(), False);
+    EXPECT_EQ(object.SourisDelaiDoubleClique(), 500);
+}
+
+TEST(KeyTable, WhatIsSetLiesOverARealState) {
+    KeyTable table;
+    KeyTable::States real{};
+    KeyTable::States seen{};
+    std::vector<std::size_t> locked;
+    const auto lock = [&](std::size_t key, UI1) { return key == 20 ? locked.push_back(key), true : false; };
+    real[144] = 1;
+    table.get(real, seen);
+    real[144] = 0;  // changes between reading and setting: it isn't meant
+    seen[20] = 1;
+    seen[65] = 1;
+    table.set(real, seen, lock);
+    EXPECT_EQ(locked, std::vector<std::size_t>{20});
+    table.get(real, seen);
+    EXPECT_EQ(std::vector<int>({seen[20], seen[65], seen[144]}), std::vector<int>({0, 1, 0}));
+    real[65] = 128;
+    table.get(real, seen);
+    EXPECT_EQ(seen[65], 128) << "until the key really changes";
+    real[65] = 0;
+    table.get(real, seen);
+    EXPECT_EQ(seen[65], 0);
+}
+
+TEST(MouseFacts, ButtonsOfRelativeDevices) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(mouseButtons(folder.path()), std::nullopt);
+    EXPECT_EQ(mouseButtons(folder / "missing"), std::nullopt);
+    const auto device = [&](const std::string& name, const std::string& key, const std::string& rel) {
+        const auto capabilities = folder / (name + "/capabilities");
+        std::filesystem::create_directories(capabilities);
+        std::ofstream(capabilities + "/key") << key << '\n';
+        std::ofstream(capabilities + "/rel") << rel << '\n';
+    };
+    device("input1", "70000 0 0 0 0", "903");
+    EXPECT_EQ(mouseButtons(folder.path()), 3);
+    device("input2", "ff0000 0 0 0 0", "0");  // a touch screen
+    EXPECT_EQ(mouseButtons(folder.path()), 3);
+    device("input3", "1f0000 0 0 0 0", "1943");
+    device("input4", "noise", "1943");
+    EXPECT_EQ(mouseButtons(folder.path()), 5);
+}
+
+TEST(MouseFacts, SettingsOfTheDesktop) {
+    using namespace std::string_literals;
+    const auto little =
+        "\0\0\0\0\1\0\0\0\3\0\0\0"
+        "\1\0\5\0Theme\0\0\0\0\0\0\0\3\0\0\0abc\0"
+        "\2\0\1\0c\0\0\0\0\0\0\0ABCDEFGH"
+        "\0\0\23\0Net/DoubleClickTime\0\0\0\0\0\x2c\1\0\0"s;
+    EXPECT_EQ(settingIn(little, "Net/DoubleClickTime"), 300);
+    EXPECT_EQ(settingIn(little, "Theme"), std::nullopt);
+    const auto big = "\1\0\0\0\0\0\0\1\0\0\0\1\0\0\0\1n\0\0\0\0\0\0\0\0\0\1\x2c"s;
+    EXPECT_EQ(settingIn(big, "n"), 300);
+    for (std::size_t size = 0; size < little.size(); ++size)
+        EXPECT_EQ(settingIn(little.substr(0, size), "Net/DoubleClickTime"), std::nullopt);
+    EXPECT_EQ(settingIn("\0\0\0\0\0\0\0\0\xff\xff\xff\xff"s, "n"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace tovera::testing
