@@ -1,7 +1,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "platform/windows/system.h"
+#include "platform/windows/exclusive.h"
 
 // The compiler's thread-locals, its own library's among them, live below one index of the process. That
 // library takes the index and each thread's memory for good. A component may be unloaded and loaded again
@@ -25,17 +25,6 @@ struct ThreadValues {
     ThreadValues* next;
     Word count;
     void** values;
-};
-
-class Guard {
-  public:
-    explicit Guard(SRWLOCK& lock) : lock_(lock) { AcquireSRWLockExclusive(&lock_); }
-    Guard(const Guard&) = delete;
-    Guard& operator=(const Guard&) = delete;
-    ~Guard() { ReleaseSRWLockExclusive(&lock_); }
-
-  private:
-    SRWLOCK& lock_;
 };
 
 /// Nothing here may raise an exception, which needs a thread-local itself.
@@ -68,13 +57,13 @@ class ThreadLocals {
 
     void endThread() {
         if (index_ == TLS_OUT_OF_INDEXES) return;
-        const Guard guard(lock_);
+        const tovera::Exclusive exclusive(lock_);
         if (auto* const thread = static_cast<ThreadValues*>(TlsGetValue(index_))) forget(*thread);
     }
 
   private:
     void prepare(Word& number) {
-        const Guard guard(lock_);
+        const tovera::Exclusive exclusive(lock_);
         if (number == 0) number = ++variables_;
         if (index_ == TLS_OUT_OF_INDEXES) index_ = TlsAlloc();
         if (index_ == TLS_OUT_OF_INDEXES) std::abort();
@@ -84,7 +73,7 @@ class ThreadLocals {
         if (auto* const known = static_cast<ThreadValues*>(TlsGetValue(index_))) return *known;
         auto* const made = orAbort(static_cast<ThreadValues*>(std::calloc(1, sizeof(ThreadValues))));
         TlsSetValue(index_, made);
-        const Guard guard(lock_);
+        const tovera::Exclusive exclusive(lock_);
         made->next = threads_;
         if (threads_) threads_->previous = made;
         threads_ = made;

@@ -60,6 +60,21 @@ TEST(Lifetime, ManyCallsLeaveNoMemoryBehind) {
     });
 }
 
+TEST(Lifetime, TheTypeLibraryIsLoadedOnceAndLeftBeforeUnloading) {
+    const auto& component = Component::loaded();
+    const std::size_t fewerThanOfALibrary = 50;
+    EXPECT_TRUE(component.canUnloadNow());
+    const auto before = blocksInUse();
+    {
+        const auto dates = component.create<Cls_Date, IDispatch>();
+        Pointer<ITypeInfo> info;
+        EXPECT_EQ(dates->GetTypeInfo(0, 0, info.out()), S_OK);
+    }
+    EXPECT_GT(blocksInUse(), before + fewerThanOfALibrary) << "kept for the next use";
+    EXPECT_TRUE(component.canUnloadNow());
+    EXPECT_LT(blocksInUse(), before + fewerThanOfALibrary);
+}
+
 /// Thread-local indexes of the process that nobody has taken.
 std::size_t freeIndexes() {
     std::vector<DWORD> taken;
@@ -79,8 +94,12 @@ class Copy {
     /// One life of the component, with a call that fails and one of the platform.
     void liveOnce() const {
         const HMODULE module = LoadLibraryW(file_.c_str());
-        const auto find = reinterpret_cast<HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**)>(
-            reinterpret_cast<void (*)()>(GetProcAddress(module, "DllGetClassObject")));
+        const auto entry = [&](const char* name) {
+            return reinterpret_cast<void (*)()>(GetProcAddress(module, name));
+        };
+        const auto find =
+            reinterpret_cast<HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**)>(entry("DllGetClassObject"));
+        const auto canUnload = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(entry("DllCanUnloadNow"));
         const auto create = [&]<class Interface>(REFCLSID classId, Pointer<Interface>& made) {
             Pointer<IClassFactory> factory;
             ASSERT_EQ(find(classId, IID_IClassFactory, factory.outAny()), S_OK);
@@ -95,8 +114,11 @@ class Copy {
             EXPECT_TRUE(FAILED(dates->Chrono(-2147483647 - 1, 2147483647, &seconds)));
             Value folder;
             EXPECT_EQ(registry->RetourneCheminWindows(folder.textOut()), S_OK);
+            Pointer<ITypeInfo> info;
+            EXPECT_EQ(dates->GetTypeInfo(0, 0, info.out()), S_OK);
             SetErrorInfo(0, nullptr);
         }
+        EXPECT_EQ(canUnload(), S_OK);
         EXPECT_TRUE(FreeLibrary(module));
     }
 
