@@ -2,6 +2,7 @@
 #include "automation/module_state.h"
 #include "automation/published_classes.h"
 #include "automation/registration.h"
+#include "automation/type_library.h"
 
 // The four functions that the component exports.
 
@@ -17,7 +18,9 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID interfaceId, void** found) {
 }
 
 STDAPI DllCanUnloadNow() {
-    return tovera::ModuleState::isIdle() ? S_OK : S_FALSE;
+    if (!tovera::ModuleState::isIdle()) return S_FALSE;
+    tovera::releaseTypeLibrary();
+    return S_OK;
 }
 
 STDAPI DllRegisterServer() {

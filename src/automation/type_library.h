@@ -4,7 +4,10 @@
 
 namespace tovera {
 
-/// The description of an interface or class in the embedded type library, which is loaded for nothing else.
+/// The description of an interface or class in the embedded type library, which is loaded at the first use.
 HRESULT findTypeInfo(const GUID& id, ITypeInfo** found) noexcept;
+
+/// Lets the type library go, until it is needed again.
+void releaseTypeLibrary() noexcept;
 
 }  // namespace tovera

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "frame/values.h"
-#include "platform/windows/system.h"
+#include "platform/windows/exclusive.h"
 
 namespace tovera {
 
@@ -13,37 +13,26 @@ namespace tovera {
 class WideHandles {
   public:
     I4 add(std::uintptr_t handle) {
-        const Guard guard(lock_);
+        const Exclusive exclusive(lock_);
         do last_ = last_ == maxI4 ? 1 : last_ + 1;
         while (handles_.contains(last_));
         handles_.emplace(last_, handle);
         return last_;
     }
     std::uintptr_t find(I4 number) {
-        const Guard guard(lock_);
+        const Exclusive exclusive(lock_);
         const auto found = handles_.find(number);
         return found == handles_.end() ? 0 : found->second;
     }
     /// Takes a handle out, to be closed.
     std::uintptr_t take(I4 number) {
-        const Guard guard(lock_);
+        const Exclusive exclusive(lock_);
         const auto found = handles_.extract(number);
         return found.empty() ? 0 : found.mapped();
     }
 
   private:
     static constexpr I4 maxI4 = 0x7FFFFFFF;
-
-    class Guard {
-      public:
-        explicit Guard(SRWLOCK& lock) : lock_(lock) { AcquireSRWLockExclusive(&lock_); }
-        Guard(const Guard&) = delete;
-        Guard& operator=(const Guard&) = delete;
-        ~Guard() { ReleaseSRWLockExclusive(&lock_); }
-
-      private:
-        SRWLOCK& lock_;
-    };
 
     SRWLOCK lock_ = SRWLOCK_INIT;
     std::map<I4, std::uintptr_t> handles_;

@@ -54,13 +54,113 @@ TEST(Lifetime, ManyCallsLeaveNoMemoryBehind) {
         dates->Paques(notAYear.address(), &date);
         SetErrorInfo(0, nullptr);
     });
-    const auto copy = component.file() + L".copy.dll";  // loaded by nobody else
-    CopyFileW(component.file().c_str(), copy.c_str(), FALSE);
-    expectNoLeak("loading and unloading", [&] { EXPECT_TRUE(FreeLibrary(LoadLibraryW(copy.c_str()))); });
-    DeleteFileW(copy.c_str());
     expectNoLeak("type information", [&] {
         Pointer<ITypeInfo> info;
         dates->GetTypeInfo(0, 0, info.out());
+    });
+}
+
+TEST(Lifetime, TheTypeLibraryIsLoadedOnceAndLeftBeforeUnloading) {
+    const auto& component = Component::loaded();
+    const std::size_t fewerThanOfALibrary = 50;
+    EXPECT_TRUE(component.canUnloadNow());
+    const auto before = blocksInUse();
+    {
+        const auto dates = component.create<Cls_Date, IDispatch>();
+        Pointer<ITypeInfo> info;
+        EXPECT_EQ(dates->GetTypeInfo(0, 0, info.out()), S_OK);
+    }
+    EXPECT_GT(blocksInUse(), before + fewerThanOfALibrary) << "kept for the next use";
+    EXPECT_TRUE(component.canUnloadNow());
+    EXPECT_LT(blocksInUse(), before + fewerThanOfALibrary);
+}
+
+/// Thread-local indexes of the process that nobody has taken.
+std::size_t freeIndexes() {
+    std::vector<DWORD> taken;
+    for (DWORD index = TlsAlloc(); index != TLS_OUT_OF_INDEXES; index = TlsAlloc()) taken.push_back(index);
+    for (const DWORD index : taken) TlsFree(index);
+    return taken.size();
+}
+
+/// A copy of the component that nobody else loads.
+class Copy {
+  public:
+    Copy() { CopyFileW(Component::loaded().file().c_str(), file_.c_str(), FALSE); }
+    Copy(const Copy&) = delete;
+    Copy& operator=(const Copy&) = delete;
+    ~Copy() { DeleteFileW(file_.c_str()); }
+
+    /// One life of the component, with a call that fails and one of the platform.
+    void liveOnce() const {
+        const HMODULE module = LoadLibraryW(file_.c_str());
+        const auto entry = [&](const char* name) {
+            return reinterpret_cast<void (*)()>(GetProcAddress(module, name));
+        };
+        const auto find =
+            reinterpret_cast<HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**)>(entry("DllGetClassObject"));
+        const auto canUnload = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(entry("DllCanUnloadNow"));
+        const auto create = [&]<class Interface>(REFCLSID classId, Pointer<Interface>& made) {
+            Pointer<IClassFactory> factory;
+            ASSERT_EQ(find(classId, IID_IClassFactory, factory.outAny()), S_OK);
+            ASSERT_EQ(factory->CreateInstance(nullptr, __uuidof(Interface), made.outAny()), S_OK);
+        };
+        {
+            Pointer<_Cls_Date> dates;
+            Pointer<_Cls_InitREG> registry;
+            create(__uuidof(Cls_Date), dates);
+            create(__uuidof(Cls_InitREG), registry);
+            long seconds = 0;
+            EXPECT_TRUE(FAILED(dates->Chrono(-2147483647 - 1, 2147483647, &seconds)));
+            Value folder;
+            EXPECT_EQ(registry->RetourneCheminWindows(folder.textOut()), S_OK);
+            Pointer<ITypeInfo> info;
+            EXPECT_EQ(dates->GetTypeInfo(0, 0, info.out()), S_OK);
+            SetErrorInfo(0, nullptr);
+        }
+        EXPECT_EQ(canUnload(), S_OK);
+        EXPECT_TRUE(FreeLibrary(module));
+    }
+
+  private:
+    const std::wstring file_ = Component::loaded().file() + L".copy.dll";
+};
+
+DWORD WINAPI run(void* work) {
+    (*static_cast<std::function<void()>*>(work))();
+    return 0;
+}
+
+void inAnotherThread(std::function<void()> work) {
+    HANDLE thread = CreateThread(nullptr, 0, run, &work, 0, nullptr);
+    WaitForSingleObject(thread, INFINITE);
+    CloseHandle(thread);
+}
+
+TEST(Lifetime, ManyLivesOfTheComponentLeaveNothingBehind) {
+    const Copy copy;
+    expectNoLeak("lives", [&] { copy.liveOnce(); });
+    DWORD handlesBefore = 0, handles = 0;
+    const auto blocks = blocksInUse();
+    const auto indexes = freeIndexes();
+    GetProcessHandleCount(GetCurrentProcess(), &handlesBefore);
+    for (int life = 0; life < 5000; ++life) copy.liveOnce();
+    GetProcessHandleCount(GetCurrentProcess(), &handles);
+    EXPECT_EQ(freeIndexes(), indexes);
+    EXPECT_LT(blocksInUse(), blocks + 100);
+    EXPECT_LE(handles, handlesBefore + 2);
+}
+
+TEST(Lifetime, ThreadsTakeTheirMemoryWithThem) {
+    const auto factory = Component::loaded().factory(__uuidof(Cls_Date));
+    expectNoLeak("threads", [&] {
+        inAnotherThread([&] {
+            long seconds = 0;
+            Pointer<_Cls_Date> dates;
+            factory->CreateInstance(nullptr, __uuidof(_Cls_Date), dates.outAny());
+            EXPECT_TRUE(FAILED(dates->Chrono(-2147483647 - 1, 2147483647, &seconds)));
+            SetErrorInfo(0, nullptr);
+        });
     });
 }
 
