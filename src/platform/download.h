@@ -1,16 +1,9 @@
 #pragma once
 
-#include <cstdint>
-#include <functional>
-
 #include "frame/crossing.h"
 #include "platform/port.h"
 
 namespace tovera {
-
-/// Told now and then during a download: the bytes that have come, and the bytes that there are, 0 where
-/// nobody knows. At the end of the download it is told once more, with no bytes at all.
-using DownloadProgress = std::function<void(std::uint64_t received, std::uint64_t total)>;
 
 /// Files by their URL, of `urlmon`.
 struct Download : Port<Download> {
@@ -20,8 +13,9 @@ struct Download : Port<Download> {
         return missingEntryPoint(caller, url, file, reserved, status);
     }
 
-    /// Who wants to be told of the downloads of this process. A home may tell nothing.
-    virtual void showProgress(DownloadProgress /*progress*/) {}
+    /// From now on downloads of some length show themselves on the terminal of this process, if it has one. A
+    /// home may show nothing.
+    virtual void showProgress() {}
 };
 
 Download& homeDownload();

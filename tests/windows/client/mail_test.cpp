@@ -18,7 +18,7 @@ TEST(Mail, ThroughANotesSessionOfTheHost) {
                                  L"GETDATABASE <> <Mail\\user.nsf>", L"OPENMAIL", L"CREATEDOCUMENT",
                                  L"REPLACEITEMVALUE <Subject> <sujet>&", L"REPLACEITEMVALUE <Body> <texte>&",
                                  L"REPLACEITEMVALUE <SendTo> <à>&", L"CREATERICHTEXTITEM <Attach>", L"Type",
-                                 L"EMBEDOBJECT <1454> <> <C:\\f>&", L"SEND <Faux>"}));
+                                 L"EMBEDOBJECT <1454> <> <C:\\f>&", L"SEND <0>"}));
     EXPECT_EQ(notes.references(), 1U) << "all but the session's are given back";
     notes.failing = L"CREATERICHTEXTITEM";
     send(L"C:\\f");
