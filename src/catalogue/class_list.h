@@ -8,6 +8,7 @@
 #include "input/class_table.h"
 #include "language/class_table.h"
 #include "multimedia/class_table.h"
+#include "network/class_table.h"
 #include "registry/class_table.h"
 #include "shell/class_table.h"
 
@@ -17,7 +18,7 @@ template <class... Classes>
 struct TypeList {};
 
 /// The classes of the component, in the order of their publication.
-using ComponentClasses = TypeList<Cls_InitREG, Cls_Windows, Cls_Traduction, Cls_Date, Cls_SQL, Cls_Cryptage,
-                                  Cls_Conversion, Cls_Multimedia, Cls_Math, Cls_SourisClv>;
+using ComponentClasses = TypeList<Cls_InitREG, Cls_Windows, Cls_Traduction, Cls_Internet, Cls_Date, Cls_SQL,
+                                  Cls_Cryptage, Cls_Conversion, Cls_Multimedia, Cls_Math, Cls_SourisClv>;
 
 }  // namespace tovera

@@ -5,6 +5,7 @@
 namespace tovera {
 
 FARPROC findEntryPoint(const wchar_t* library, const char* name) {
+    const DWORD before = GetLastError();
     const HMODULE module = LoadLibraryW(library);
     if (!module) raise(ErrorNumber::FileNotFound);
     const FARPROC found = GetProcAddress(module, name);
@@ -12,6 +13,7 @@ FARPROC findEntryPoint(const wchar_t* library, const char* name) {
         FreeLibrary(module);
         raise(ErrorNumber::EntryPointNotFound);
     }
+    SetLastError(before);  // the function that is bound may be the one that tells it
     return found;
 }
 

@@ -1,52 +1,19 @@
 #include "platform/files.h"
 
 #include <memory>
-#include <string>
 #include <string_view>
 
-#include "frame/error.h"
 #include "frame/last_error.h"
-#include "platform/windows/system.h"
+#include "platform/windows/file_handles.h"
 
 namespace tovera {
 namespace {
-
-std::wstring pathOf(const Bstr& path) {
-    const auto text = beforeNul(path);
-    if (text.empty()) raise(ErrorNumber::PathAccess);
-    return {text.begin(), text.end()};
-}
-
-ErrorNumber errorOf(DWORD status) {
-    switch (status) {
-        case ERROR_FILE_NOT_FOUND:
-            return ErrorNumber::FileNotFound;
-        case ERROR_PATH_NOT_FOUND:
-        case ERROR_BAD_PATHNAME:
-        case ERROR_INVALID_DRIVE:
-        case ERROR_DIRECTORY:
-            return ErrorNumber::PathNotFound;
-        case ERROR_FILE_EXISTS:
-        case ERROR_ALREADY_EXISTS:
-            return ErrorNumber::FileExists;
-        case ERROR_DISK_FULL:
-        case ERROR_HANDLE_DISK_FULL:
-            return ErrorNumber::DiskFull;
-        case ERROR_ACCESS_DENIED:
-        case ERROR_SHARING_VIOLATION:
-        case ERROR_LOCK_VIOLATION:
-        case ERROR_WRITE_PROTECT:
-            return ErrorNumber::PermissionDenied;
-        default:
-            return ErrorNumber::PathAccess;
-    }
-}
 
 /// Saves the system's error, and raises the one that stands for it when a call failed.
 void succeeded(BOOL result) {
     const DWORD status = GetLastError();
     lastError() = static_cast<I4>(status);
-    if (!result) raise(errorOf(status));
+    if (!result) raise(fileErrorOf(status));
 }
 
 struct EndSearch {
@@ -57,16 +24,6 @@ struct EndSearch {
 class Search : public std::unique_ptr<HANDLE, EndSearch> {
   public:
     explicit Search(HANDLE search) : unique_ptr(search == INVALID_HANDLE_VALUE ? nullptr : search) {}
-};
-
-/// An open file, closed at the end; null for one that can't be opened.
-struct CloseFile {
-    using pointer = HANDLE;
-    void operator()(HANDLE file) const { CloseHandle(file); }
-};
-class OpenedFile : public std::unique_ptr<HANDLE, CloseFile> {
-  public:
-    explicit OpenedFile(HANDLE file) : unique_ptr(file == INVALID_HANDLE_VALUE ? nullptr : file) {}
 };
 
 class WindowsFiles : public Files {
@@ -80,7 +37,7 @@ class WindowsFiles : public Files {
             MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_COPY_ALLOWED | MOVEFILE_WRITE_THROUGH) != 0;
         const DWORD status = GetLastError();
         lastError() = static_cast<I4>(status);
-        if (!moved) raise(errorOf(status));
+        if (!moved) raise(fileErrorOf(status));
     }
     void readI2(const Bstr& path, I4 position, I2& number) override {
         // As the run-time opens its files: for reading and writing, else for reading alone.
@@ -91,18 +48,18 @@ class WindowsFiles : public Files {
         };
         auto file = open(GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS);
         if (!file && GetLastError() == ERROR_ACCESS_DENIED) file = open(GENERIC_READ, OPEN_EXISTING);
-        if (!file) raise(errorOf(GetLastError()));
+        if (!file) raise(fileErrorOf(GetLastError()));
         OVERLAPPED place{};
         place.Offset = static_cast<DWORD>(position - 1);
         DWORD count = 0;
         const bool read = ReadFile(file.get(), &number, sizeof number, &count, &place) != 0;
-        if (!read && GetLastError() != ERROR_HANDLE_EOF) raise(errorOf(GetLastError()));
+        if (!read && GetLastError() != ERROR_HANDLE_EOF) raise(fileErrorOf(GetLastError()));
     }
     void append(const Bstr& path, std::string_view bytes) override {
         const OpenedFile file(CreateFileW(pathOf(path).c_str(), FILE_APPEND_DATA,
                                           FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
                                           FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (!file) raise(errorOf(GetLastError()));
+        if (!file) raise(fileErrorOf(GetLastError()));
         DWORD count = 0;
         succeeded(WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr));
     }

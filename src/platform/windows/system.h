@@ -7,3 +7,6 @@
 #include <oleauto.h>
 #include <olectl.h>
 // clang-format on
+
+// A member of a class has this name.
+#undef GetUserName

@@ -4,6 +4,7 @@
 
 #include "client/invocation.h"
 #include "client/library.h"
+#include "client/notes.h"
 
 // Every member of every class once by slot and once by name, with the same result. The steps build on each
 // other: what one writes, the next one reads.
@@ -11,7 +12,7 @@ namespace tovera::client {
 namespace {
 
 struct Step {
-    std::string member;  ///< "put Name" and "get Name" for a property
+    std::string member;  ///< "get Name", "put Name" and "set Name" for a property
     std::vector<Value> arguments;
     std::optional<Value> result;  ///< none where the machine decides: then the same both times
     long error = 0;               ///< the number of the Automation error that it raises
@@ -26,6 +27,7 @@ const std::vector<StepsOfClass>& allSteps() {
     const wchar_t* const key = L"HKEY_CURRENT_USER\\Software\\TOVERA client";
     const wchar_t* const file = L"C:\\client\\profil long.ini";
     const wchar_t* const other = L"C:\\client\\autre.ini";
+    static Notes notes;
     const std::wstring bytes(L"a\0é", 3);
     static const std::vector<StepsOfClass> all{
         // clang-format off
@@ -103,6 +105,20 @@ const std::vector<StepsOfClass>& allSteps() {
             {"EstDisquette", {L"C"}, Value::truth(false)}, {"ReglageVolume", {Value::truth(true)}, {}, 53},
             {"CarteSonPresente", {}, std::nullopt}, {"NoSerieDisque", {L"C"}, std::nullopt},
             {"ResolutionEcranX", {}, std::nullopt}, {"ResolutionEcranY", {}, std::nullopt}}},
+        {"_Cls_Internet", {
+            {"get NSession", {}, Value::of(VT_DISPATCH)}, {"set NSession", {notes.value()}, {}},
+            {"get NSession", {}, notes.value()},
+            {"EcrireEmail_LotusNotes", {L"à", L"sujet", L"texte", L"", Value::truth(false)}, {}},
+            {"set NSession", {Value::of(VT_DISPATCH)}, {}},
+            {"EcrireEmail_OutlookExpress", {L"de", L"", L"", L"", L"", short{3}, L""}, Value::truth(false)},
+            {"GetIPFromHostName", {L"poste-de-test"}, L"127.0.0.7"},
+            {"GetHostNameFromIP", {L"127.0.0.7"}, L"poste-de-test"},
+            {"GetIPHostName", {}, std::nullopt}, {"GetIPAddress", {}, std::nullopt},
+            {"GetMACAddress", {}, std::nullopt}, {"GetUserName", {}, std::nullopt},
+            {"GetDNSServers", {L"", Value::texts({})}, std::nullopt},
+            {"TelechargeFichier", {L"rien:", L"C:\\client\\rien"}, Value::truth(false)},
+            {"ExecuterURL", {L"C:\\client\\aucun", 0}, {}},
+            {"PartageRep", {L"", L"C:\\client", L"nom", L"", L""}, 50}}},
         // clang-format on
     };
     return all;
@@ -113,6 +129,7 @@ std::pair<std::wstring, INVOKEKIND> calledAs(const std::string& step) {
     const auto name = step.substr(step.find(' ') + 1);
     const auto kind = step.starts_with("get ")   ? INVOKE_PROPERTYGET
                       : step.starts_with("put ") ? INVOKE_PROPERTYPUT
+                      : step.starts_with("set ") ? INVOKE_PROPERTYPUTREF
                                                  : INVOKE_FUNC;
     return {{name.begin(), name.end()}, kind};
 }
@@ -152,6 +169,8 @@ TEST(Members, BySlotAndByName) {
         }
     }
     EXPECT_EQ(called, published);
+    for (const auto* step : {"GetIPAddress", "GetIPHostName", "GetMACAddress", "GetUserName"})
+        EXPECT_NE(bySlots[step].text(), L"") << step;
 }
 
 }  // namespace

@@ -68,12 +68,17 @@ int factsOfRegular(const FileDescriptor& file, struct stat& facts) {
     return S_ISREG(facts.st_mode) ? 0 : EACCES;
 }
 
-int writeWhole(int descriptor, std::string_view bytes) {
+int writeAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const auto count = write(descriptor, bytes.data(), bytes.size());
         if (count < 0 && errno != EINTR) return errno;
         if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
     }
+    return 0;
+}
+
+int writeWhole(int descriptor, std::string_view bytes) {
+    if (const int error = writeAll(descriptor, bytes)) return error;
     return fsync(descriptor) == 0 ? 0 : errno;
 }
 
@@ -157,6 +162,16 @@ int makeBeside(const FileDescriptor& folder, const char* name, std::string_view 
     return error;
 }
 
+/// Whether a file may be made or replaced under a name. The facts are left as they are where there is none.
+int checkReplaceable(const FileDescriptor& folder, const char* name, struct stat* old) {
+    struct stat facts {};
+    if (fstatat(folder.get(), name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return errno == ENOENT ? 0 : errno;
+    if (!S_ISREG(facts.st_mode)) return S_ISDIR(facts.st_mode) ? EISDIR : EACCES;
+    if (faccessat(folder.get(), name, W_OK, AT_EACCESS) != 0) return errno;
+    if (old) *old = facts;
+    return 0;
+}
+
 }  // namespace
 
 int readFile(const std::string& path, FileBytes& bytes) {
@@ -219,6 +234,59 @@ int makeFile(const std::string& path, std::string_view bytes, mode_t mode) {
     }
     if (error == 0) fsync(folder.get());
     return error;
+}
+
+NewFile::~NewFile() {
+    if (!ownName_.empty()) unlinkat(folder_.get(), ownName_.c_str(), 0);
+}
+
+int NewFile::begin(const std::string& path) {
+    auto target = path;
+    if (const int error = followLinks(target)) return error;
+    if (target.empty() || target.ends_with('/')) return EISDIR;
+    folder_ = FileDescriptor(open(folderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder_.isOpen()) return errno;
+    name_ = target.substr(target.rfind('/') + 1);
+    if (const int error = checkReplaceable(folder_, name_.c_str(), nullptr)) return error;
+    return openNameless();
+}
+
+int NewFile::openNameless() {
+    file_ = createNameless(folder_, 0666);
+    if (file_.isOpen()) return 0;
+    if (errno != EOPNOTSUPP && errno != EISDIR && errno != ENOENT) return errno;
+    for (int number = 0;; ++number) {
+        ownName_ = newFileName + std::string("-") + std::to_string(getpid()) + '-' + std::to_string(number);
+        constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+        file_ = FileDescriptor(openat(folder_.get(), ownName_.c_str(), flags, 0666));
+        if (file_.isOpen()) return 0;
+        ownName_.clear();
+        if (errno != EEXIST) return errno;
+    }
+}
+
+int NewFile::append(std::string_view bytes) {
+    return writeAll(file_.get(), bytes);
+}
+
+int NewFile::finish() {
+    FileDescriptor lockFile;
+    if (const int error = lockFolder(folder_, lockFile)) return error;
+    struct stat old {};
+    if (const int error = checkReplaceable(folder_, name_.c_str(), &old)) return error;
+    if (old.st_nlink > 0) {
+        if (const int error = takeOver(file_, old)) return error;
+    }
+    if (ownName_.empty()) {
+        // A name that is free is given at once, so that no moment leaves another one behind.
+        if (old.st_nlink == 0 && giveName(file_, folder_, name_.c_str()) == 0) return 0;
+        unlinkat(folder_.get(), newFileName, 0);
+        if (const int error = giveName(file_, folder_, newFileName)) return error;
+        ownName_ = newFileName;
+    }
+    if (renameat(folder_.get(), ownName_.c_str(), folder_.get(), name_.c_str()) != 0) return errno;
+    ownName_.clear();
+    return 0;
 }
 
 }  // namespace tovera

@@ -9,6 +9,7 @@ namespace tovera {
 void* SharedLibrary::load() {
     const std::lock_guard guard(mutex_);
     if (!handle_) handle_ = dlopen(name_, RTLD_NOW | RTLD_LOCAL);
+    if (!handle_ && otherName_) handle_ = dlopen(otherName_, RTLD_NOW | RTLD_LOCAL);
     return handle_;
 }
 

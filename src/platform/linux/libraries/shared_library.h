@@ -8,8 +8,10 @@ namespace tovera {
 /// A shared library of the system, loaded at the first call of one of its functions and kept until the end.
 class SharedLibrary {
   public:
-    /// The library's file name, found along the system's own path.
-    constexpr explicit SharedLibrary(const char* name) : name_(name) {}
+    /// The library's file name, found along the system's own path, and that of another library that serves as
+    /// well.
+    constexpr explicit SharedLibrary(const char* name, const char* otherName = nullptr)
+        : name_(name), otherName_(otherName) {}
 
     /// The address of a function. Raises error 53 for a library that can't be loaded, 453 for a function that
     /// it hasn't got.
@@ -20,6 +22,7 @@ class SharedLibrary {
     void* load();
 
     const char* name_;
+    const char* otherName_;
     std::mutex mutex_;
     void* handle_ = nullptr;
 };

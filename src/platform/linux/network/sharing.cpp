@@ -1,0 +1,10 @@
+#include "platform/sharing.h"
+
+namespace tovera {
+
+Sharing& homeSharing() {
+    static Sharing port;
+    return port;
+}
+
+}  // namespace tovera
