@@ -9,8 +9,12 @@
 #include "platform/platform.h"
 #include "platform/profiles.h"
 #include "platform/registry.h"
+#include "platform/screen_windows.h"
+#include "platform/setup_kit.h"
+#include "platform/shell32.h"
 #include "platform/sound.h"
 #include "platform/system_facts.h"
+#include "platform/timers.h"
 
 namespace tovera {
 
@@ -25,8 +29,12 @@ Platform& home() {
                                    .with(homeOemText())
                                    .with(homeProfiles())
                                    .with(homeRegistry())
+                                   .with(homeScreenWindows())
+                                   .with(homeSetupKit())
+                                   .with(homeShell32())
                                    .with(homeSound())
-                                   .with(homeSystemFacts());
+                                   .with(homeSystemFacts())
+                                   .with(homeTimers());
     return platform;
 }
 
