@@ -12,11 +12,15 @@
 #include "platform/platform.h"
 #include "platform/profiles.h"
 #include "platform/registry.h"
+#include "platform/screen_windows.h"
 #include "platform/sequential_output.h"
+#include "platform/setup_kit.h"
 #include "platform/sharing.h"
+#include "platform/shell32.h"
 #include "platform/sockets.h"
 #include "platform/sound.h"
 #include "platform/system_facts.h"
+#include "platform/timers.h"
 #include "platform/user_name.h"
 
 namespace tovera {
@@ -35,11 +39,15 @@ Platform& home() {
                                    .with(homeOpening())
                                    .with(homeProfiles())
                                    .with(homeRegistry())
+                                   .with(homeScreenWindows())
                                    .with(homeSequentialOutput())
+                                   .with(homeSetupKit())
                                    .with(homeSharing())
+                                   .with(homeShell32())
                                    .with(homeSockets())
                                    .with(homeSound())
                                    .with(homeSystemFacts())
+                                   .with(homeTimers())
                                    .with(homeUserName());
     return platform;
 }

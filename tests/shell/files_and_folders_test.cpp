@@ -1,3 +1,5 @@
+#include <fstream>
+
 #include "platform/files.h"
 #include "platform/setup_kit.h"
 #include "platform/shell32.h"

@@ -63,7 +63,11 @@ class WindowsFiles : public Files {
         DWORD count = 0;
         succeeded(WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr));
     }
-    void changeFolder(const Bstr& path) override { succeeded(SetCurrentDirectoryW(pathOf(path).c_str())); }
+    void changeFolder(const Bstr& path) override {
+        const bool changed = SetCurrentDirectoryW(pathOf(path).c_str()) != 0;
+        lastError() = static_cast<I4>(GetLastError());
+        if (!changed) raise(ErrorNumber::PathNotFound);
+    }
     std::vector<Bstr> filesLike(const Bstr& pattern) override {
         constexpr DWORD unusual = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
         std::vector<Bstr> names;

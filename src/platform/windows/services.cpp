@@ -117,12 +117,11 @@ std::u16string WindowsServices::fromAnsi(std::string_view bytes) {
 
 void WindowsServices::pumpMessages() {
     MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
-            // The host's own loop is to end, not this one.
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return;
-        }
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
+        // The host's own loop is to end, not this one. Taken out and put back, it would end each wait for
+        // input.
+        if (message.message == WM_QUIT) return;
+        if (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) return;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

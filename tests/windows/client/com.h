@@ -50,6 +50,12 @@ class Value {
     static Value truth(bool value) { return Value(short(value ? -1 : 0)).tagged(VT_BOOL); }
     static Value date(DATE value) { return Value(value).tagged(VT_DATE); }
     static Value missing() { return Value(static_cast<int>(DISP_E_PARAMNOTFOUND)).tagged(VT_ERROR); }
+    static Value object(IDispatch* held) {
+        auto made = of(VT_DISPATCH);
+        made.variant_.pdispVal = held;
+        held->AddRef();
+        return made;
+    }
     /// An array with bounds 1 to the number of texts.
     static Value texts(std::initializer_list<std::wstring> texts);
     /// A reference to a variable of the caller.

@@ -2,9 +2,11 @@
 #include <optional>
 #include <set>
 
+#include "client/form.h"
 #include "client/invocation.h"
 #include "client/library.h"
 #include "client/notes.h"
+#include "client/recorder.h"
 
 // Every member of every class once by slot and once by name, with the same result. The steps build on each
 // other: what one writes, the next one reads.
@@ -29,6 +31,8 @@ const std::vector<StepsOfClass>& allSteps() {
     const wchar_t* const other = L"C:\\client\\autre.ini";
     static Notes notes;
     const std::wstring bytes(L"a\0é", 3);
+    static Form owner(Form::Members{{L"hwnd", L"0"}});
+    const auto form = Value::object(owner.dispatch());
     static const std::vector<StepsOfClass> all{
         // clang-format off
         {"_Cls_Conversion", {
@@ -36,6 +40,33 @@ const std::vector<StepsOfClass>& allSteps() {
             {"get IntituleMonnaie", {}, L"euro"}, {"get IntitulePetiteMonnaie", {}, L"centime"},
             {"Ctrl_SaiseNombre", {L"1 234,50"}, L"1234,50"}, {"ConvertirOemAnsi", {L"t", L"######"}, short{1}},
             {"ConvertirNombreEnLettre", {80.01, Value::truth(true)}, L"quatre-vingts euros et un centime"}}},
+        {"_Cls_Windows", {
+            {"Wait", {0}, {}}, {"GstAffichage", {short{0}}, {}}, {"GstDivers", {short{1}}, {}},
+            {"GstProg", {short{1}}, {}}, {"GstParamRegion", {short{0}}, {}}, {"GstJoystick", {short{0}}, {}},
+            {"GstPrincipal", {short{0}}, {}}, {"GstMailFax", {}, {}}, {"GstMultimedia", {short{0}}, {}},
+            {"GstSysteme", {short{0}}, {}}, {"GstInternetExplorer", {short{0}}, {}},
+            {"GstAssistantNouveauMateriel", {}, {}}, {"GstModem", {}, {}}, {"GstReseau", {}, {}},
+            {"GstPassword", {}, {}}, {"GstDate", {}, {}}, {"GstMSMail", {}, {}},
+            {"GstFichierAssociation", {L"C:\\x"}, {}}, {"CopieD7", {}, {}},
+            {"CreationRaccourci_Fenetre", {L"C:\\client"}, {}}, {"AssistantNouveauMateriel", {}, {}},
+            {"AssistantNouvelleImprimante", {}, {}}, {"AssistantNouvelleConnexion", {}, {}},
+            {"OuvrirPortionDocument", {L"C:\\x.shs"}, {}}, {"CreationPorteDocument", {}, {}},
+            {"GstImprimante", {}, {}}, {"GstFontes", {}, {}}, {"GstHeure", {}, {}}, {"GstEnergie", {}, {}},
+            {"Extinction_Ordinateur", {short{2}}, {}}, {"getWindowsVersion", {}, L""},
+            {"EcritAjoutDansFichier", {L"C:\\client\\journal.txt", L"été"}, {}},
+            {"ExecuteFichier", {L"C:\\client\\aucun.txt"}, L"Fichier non trouvé"},
+            {"TrouveExecutable", {L"C:\\client\\aucun.txt"}, L""},
+            {"LancerActiverApplication", {L"aucune fenêtre", L""}, short{0}},
+            {"GetNomFichier_DuChemin", {L"C:\\été.txt", Value::truth(true)}, L"été.txt"},
+            {"GET_ExtentionFichier", {L"C:\\x.été"}, L".ÉTÉ"},
+            {"GET_NomFichier", {L"C:\\a\\x.txt", short{15}}, L"C:\\a\\x.TXT"},
+            {"Effacer_FichierDossier", {L"C:\\client\\aucun.txt"}, {}},
+            {"GET_DossierSpecial", {36}, L"C:\\windows\\"}, {"GET_DossierWindows", {}, L"C:\\windows"},
+            {"GET_DossierSysteme", {}, L"C:\\windows\\system32"},
+            {"GetActiveWindowTitle", {Value::truth(true)}, L""}, {"Get_ActiveWindow", {Value::truth(true)}, std::nullopt},
+            {"Get_WindowTitle", {0}, L""}, {"Cacher_BarreDesTaches", {}, {}}, {"Montrer_BarreDesTaches", {}, {}},
+            {"ModeDeveloppement", {}, Value::truth(false)}, {"ParcourirDossier", {form, L"Où ?"}, L""},
+            {"CreationRaccourci", {L"Lien", L"C:\\x.exe", L"", L"C:\\client"}, {}}}},
         {"_Cls_Date", {
             {"Paques", {L"2002"}, Value::date(37346)}, {"DateFRtoUS", {L"25/12/2002"}, L"12/25/2002"},
             {"DateUStoFR", {L"12/25/2002"}, L"25/12/2002"}, {"SecondeEnHeure", {90000}, L"25:00:00"},
@@ -149,6 +180,8 @@ TEST(Members, BySlotAndByName) {
     }
     std::map<std::string, Value> bySlots;  // what the machine decides
     for (const bool bySlot : {true, false}) {
+        const Recorder recorder;
+        ASSERT_TRUE(recorder.standsFor(L"rundll32"));
         for (const auto& [interfaceName, steps] : allSteps()) {
             const auto& [object, slots] = classes.at(interfaceName);
             for (const auto& [step, values, result, error] : steps) {

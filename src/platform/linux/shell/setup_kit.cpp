@@ -1,0 +1,10 @@
+#include "platform/setup_kit.h"
+
+namespace tovera {
+
+SetupKit& homeSetupKit() {
+    static SetupKit port;
+    return port;
+}
+
+}  // namespace tovera
