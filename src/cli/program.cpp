@@ -8,6 +8,7 @@
 #include "cli/runner.h"
 #include "cli/usage.h"
 #include "frame/utf8.h"
+#include "platform/download.h"
 
 namespace tovera::cli {
 namespace {
@@ -68,6 +69,7 @@ std::vector<Step> parseSteps(std::span<const std::string> texts) {
 int runSteps(const CatalogueEntry& entry, std::span<const std::string> texts, std::ostream& out,
              std::ostream& err) {
     const auto steps = parseSteps(texts);
+    home().port<Download>().showProgress();
     std::size_t running = 0;
     try {
         Runner runner(entry.create(home()), entry.description(), home().services, out);
