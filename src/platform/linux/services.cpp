@@ -9,8 +9,8 @@
 #include "frame/utf8.h"
 #include "platform/home_services.h"
 #include "platform/linux/files/file_system_object.h"
-#include "platform/linux/launch.h"
 #include "platform/linux/regional.h"
+#include "platform/linux/shell/launch.h"
 #include "platform/linux/text/code_pages.h"
 #include "platform/linux/text/letter_case.h"
 
@@ -53,7 +53,7 @@ I4 LinuxServices::messageBox(const Bstr& text, I4 /*flags*/, const Bstr& title) 
 }
 
 R8 LinuxServices::launch(const Bstr& commandLine, WindowStyle /*style*/) {
-    return launchProgram(toUtf8(commandLine));
+    return launchCommand(toUtf8(commandLine));
 }
 
 ObjectRef LinuxServices::createObject(std::u16string_view progId) {
@@ -65,7 +65,7 @@ ObjectRef LinuxServices::createObject(std::u16string_view progId) {
 
 ComponentFacts LinuxServices::facts() {
     Dl_info module{};
-    dladdr(reinterpret_cast<const void*>(&launchProgram), &module);
+    dladdr(reinterpret_cast<const void*>(&launchCommand), &module);
     std::error_code ignored;
     auto file = std::filesystem::absolute(module.dli_fname ? module.dli_fname : "", ignored);
     if (const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
