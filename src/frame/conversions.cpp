@@ -45,6 +45,7 @@ R8 Conversions::number(const Variant& value) const {
                           [](Null) -> R8 { raise(ErrorNumber::InvalidNull); },
                           [](VariantBool truth) -> R8 { return truth.raw; },
                           [](Date date) -> R8 { return date.days; },
+                          [](const ExactNumber& exact) -> R8 { return nearest(exact); },
                           [this](const Bstr& text) -> R8 {
                               const auto parsed = wholeNumber(text, services_->regionalSettings());
                               if (!parsed) mismatch();
@@ -97,6 +98,7 @@ Bstr Conversions::text(const Variant& value) const {
             [this](Date date) -> Bstr { return dateToText(date, services_->regionalSettings()); },
             [&](R4 number) -> Bstr { return numberToText(number, separator()); },
             [&](R8 number) -> Bstr { return numberToText(number, separator()); },
+            [&](const ExactNumber& number) -> Bstr { return numberToText(number, separator()); },
             []<class T>(const T& other) -> Bstr {
                 if constexpr (std::is_integral_v<T>) {
                     return numberToText(I4{other});

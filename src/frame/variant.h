@@ -36,7 +36,7 @@ struct IsAlternativeOf<T, std::variant<Alternatives...>>
 class Variant {
   public:
     using Value = std::variant<Empty, Null, I2, I4, R4, R8, Date, Bstr, ObjectRef, ErrorCode, VariantBool,
-                               UI1, StringArray, Reference>;
+                               UI1, ExactNumber, StringArray, Reference>;
 
     Variant() = default;
     template <class T>
@@ -70,7 +70,8 @@ class Variant {
         return error && *error == missingCode;
     }
     bool isNumber() const {
-        return is<I2>() || is<I4>() || is<R4>() || is<R8>() || is<UI1>() || is<VariantBool>() || is<Date>();
+        return is<I2>() || is<I4>() || is<R4>() || is<R8>() || is<UI1>() || is<VariantBool>() || is<Date>() ||
+               is<ExactNumber>();
     }
 
     const Value& value() const { return value_; }

@@ -26,6 +26,13 @@ struct Store {
     VARTYPE operator()(Date date) const { return to.date = date.days, VT_DATE; }
     VARTYPE operator()(VariantBool truth) const { return to.boolVal = truth.raw, VT_BOOL; }
     VARTYPE operator()(ErrorCode error) const { return to.scode = error.code, VT_ERROR; }
+    VARTYPE operator()(const ExactNumber& number) const {
+        to.decVal.scale = number.decimals;
+        to.decVal.sign = number.isNegative ? DECIMAL_NEG : BYTE{0};
+        to.decVal.Hi32 = number.high;
+        to.decVal.Lo64 = number.low;
+        return VT_DECIMAL;
+    }
     VARTYPE operator()(const Bstr& text) const { return to.bstrVal = allocateText(text), VT_BSTR; }
     VARTYPE operator()(const ObjectRef& object) const {
         return to.pdispVal = dispatchOf(object), VT_DISPATCH;
@@ -42,6 +49,15 @@ SystemVariant changed(const VARIANT& variant, VARTYPE tag) {
     if (status == DISP_E_OVERFLOW) raise(ErrorNumber::Overflow);
     if (FAILED(status)) raise(ErrorNumber::TypeMismatch);
     return result;
+}
+
+ExactNumber exactOf(std::int64_t number, UI1 decimals) {
+    const auto bits = static_cast<std::uint64_t>(number);
+    return {number < 0 ? ~bits + 1 : bits, 0, decimals, number < 0};
+}
+
+ExactNumber exactOf(const DECIMAL& number) {
+    return {number.Lo64, number.Hi32, number.scale, (number.sign & DECIMAL_NEG) != 0};
 }
 
 /// A number type that the frame hasn't got.
@@ -80,6 +96,14 @@ Variant ownValueOf(const VARIANT& variant) {
         case VT_DISPATCH:
         case VT_UNKNOWN:
             return objectOf(variant.punkVal);
+        case VT_I8:
+            return exactOf(variant.llVal, 0);
+        case VT_UI8:
+            return ExactNumber{variant.ullVal};
+        case VT_CY:
+            return exactOf(variant.cyVal.int64, 4);
+        case VT_DECIMAL:
+            return exactOf(variant.decVal);
         default:
             return numberOf(variant);
     }

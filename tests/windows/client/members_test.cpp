@@ -74,7 +74,7 @@ const std::vector<StepsOfClass>& allSteps() {
             {"NBJoursOuvrablesParMois", {short{2002}, short{2}}, short{20}},
             {"NBJoursOuvrables", {Value::date(37382), Value::date(37386)}, short{5}}}},
         {"_Cls_Math", {
-            {"MesurePrincipale", {10}, -2.56F}, {"Hypothenuse", {0, short{0}, 3.0F, L"4"}, 5.0},
+            {"MesurePrincipale", {10.0}, -2.56F}, {"Hypothenuse", {0, short{0}, 3.0F, L"4"}, 5.0},
             {"InverseCosinus", {1}, 0.0F}, {"InverseSinus", {0.5}, 0.5338F}, {"AngleTrigo", {1, 0, 0, 0}, 0.0F}}},
         {"_Cls_InitREG", {
             {"CreerREG_Cle", {key}, {}},
