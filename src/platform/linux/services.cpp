@@ -9,6 +9,7 @@
 #include "platform/linux/component_facts.h"
 #include "platform/linux/files/file_system_object.h"
 #include "platform/linux/regional.h"
+#include "platform/linux/registered_objects.h"
 #include "platform/linux/shell/launch.h"
 #include "platform/linux/text/code_pages.h"
 #include "platform/linux/text/letter_case.h"
@@ -56,6 +57,11 @@ R8 LinuxServices::launch(const Bstr& commandLine, WindowStyle /*style*/) {
 }
 
 ObjectRef LinuxServices::createObject(std::u16string_view progId) {
+    if (const auto make = registeredFactory(progId)) {
+        auto made = make();
+        if (!made) raise(ErrorNumber::CannotCreateObject);
+        return made;
+    }
     const auto name = capitals(progId);
     const auto* const row = std::ranges::find(objectMakers, name, &ObjectMaker::progId);
     if (row == objectMakers.end()) raise(ErrorNumber::CannotCreateObject);

@@ -6,8 +6,8 @@
 
 #include "frame/utf8.h"
 #include "platform/linux/child_process.h"
+#include "platform/linux/files/file_url.h"
 #include "platform/linux/libraries/shared_library.h"
-#include "platform/linux/network/file_url.h"
 #include "platform/linux/network/loopback_server.h"
 #include "platform/linux/temporary_folder.h"
 #include "platform/linux/text/code_pages.h"

@@ -1,4 +1,4 @@
-#include "platform/linux/network/file_url.h"
+#include "platform/linux/files/file_url.h"
 
 #include <algorithm>
 
