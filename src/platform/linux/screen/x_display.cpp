@@ -2,6 +2,7 @@
 
 #if __has_include(<xcb/xcb.h>)
 
+#include <poll.h>
 #include <unistd.h>
 
 namespace tovera {
@@ -45,7 +46,10 @@ XDisplay::~XDisplay() {
 }
 
 bool XDisplay::isUsable() const {
-    return process_ == getpid() && xcb().has_error(connection_) == 0;
+    if (process_ != getpid() || xcb().has_error(connection_) != 0) return false;
+    // A server that has ended is noticed at the next request only.
+    pollfd socket{xcb().get_file_descriptor(connection_), 0, 0};
+    return poll(&socket, 1, 0) == 0;
 }
 
 xcb_atom_t XDisplay::atom(std::string_view name) {
@@ -80,10 +84,15 @@ std::vector<std::uint32_t> XDisplay::numbers(xcb_get_property_cookie_t asked) co
     return {first, first + answer->value_len};
 }
 
-std::string XDisplay::bytes(xcb_get_property_cookie_t asked) const {
+XDisplay::Property XDisplay::property(xcb_get_property_cookie_t asked) const {
     const auto answer = reply(xcb().get_property_reply, asked);
     if (!answer || answer->format != 8) return {};
-    return {static_cast<const char*>(xcb().get_property_value(answer.get())), answer->value_len};
+    const auto* const first = static_cast<const char*>(xcb().get_property_value(answer.get()));
+    return {answer->type, std::string(first, answer->value_len)};
+}
+
+std::string XDisplay::bytes(xcb_get_property_cookie_t asked) const {
+    return property(asked).bytes;
 }
 
 void XDisplay::sync() {

@@ -18,6 +18,7 @@ struct XcbLibrary {
     Bound<decltype(xcb_connect)> connect{library, "xcb_connect"};
     Bound<decltype(xcb_disconnect)> disconnect{library, "xcb_disconnect"};
     Bound<decltype(xcb_connection_has_error)> has_error{library, "xcb_connection_has_error"};
+    Bound<decltype(xcb_get_file_descriptor)> get_file_descriptor{library, "xcb_get_file_descriptor"};
     Bound<decltype(xcb_flush)> flush{library, "xcb_flush"};
     Bound<decltype(xcb_poll_for_event)> poll_for_event{library, "xcb_poll_for_event"};
     Bound<decltype(xcb_request_check)> request_check{library, "xcb_request_check"};
