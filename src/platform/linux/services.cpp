@@ -10,6 +10,7 @@
 #include "platform/linux/files/file_system_object.h"
 #include "platform/linux/regional.h"
 #include "platform/linux/registered_objects.h"
+#include "platform/linux/shell/host_loop.h"
 #include "platform/linux/shell/launch.h"
 #include "platform/linux/text/code_pages.h"
 #include "platform/linux/text/letter_case.h"
@@ -85,7 +86,9 @@ std::u16string LinuxServices::fromAnsi(std::string_view bytes) {
     return fromAnsi1252(bytes);
 }
 
-void LinuxServices::pumpMessages() {}
+void LinuxServices::pumpMessages() {
+    pumpHostLoop();
+}
 
 }  // namespace
 
