@@ -5,6 +5,7 @@
 
 #include "catalogue/catalogue.h"
 #include "catalogue/signature.h"
+#include "cli/known_names.h"
 #include "cli/runner.h"
 #include "cli/usage.h"
 #include "frame/utf8.h"
@@ -52,11 +53,14 @@ int list(std::span<const std::string> arguments, std::ostream& out, std::ostream
 }
 
 /// All steps are read before the first one runs, so that a bad command line changes nothing.
-std::vector<Step> parseSteps(std::span<const std::string> texts) {
+std::vector<Step> parseSteps(const ClassDescription& description, std::span<const std::string> texts) {
     std::vector<Step> steps;
+    KnownNames names(description);
     for (const auto& text : texts) {
         try {
-            steps.push_back(parseStep(fromUtf8(text)));
+            auto step = parseStep(fromUtf8(text));
+            names.take(step);
+            steps.push_back(std::move(step));
         } catch (const CommandLineError& error) {
             const auto place = "step " + std::to_string(steps.size() + 1) + " (" + text + "), ";
             throw CommandLineError(place + error.what());
@@ -67,7 +71,7 @@ std::vector<Step> parseSteps(std::span<const std::string> texts) {
 
 int runSteps(const CatalogueEntry& entry, std::span<const std::string> texts, std::ostream& out,
              std::ostream& err) {
-    const auto steps = parseSteps(texts);
+    const auto steps = parseSteps(entry.description(), texts);
     std::size_t running = 0;
     try {
         Runner runner(entry.create(home()), entry.description(), home().services, out);

@@ -25,6 +25,12 @@ TEST(Program, RunsStepsAndPrintsTheirResults) {
         {{"Cls_Conversion", "IntituleMonnaie=[1E999..2]", "IntituleMonnaie"}, "[1E999..2]\n"},
         {{"Cls_Conversion", "ConvertirOemAnsi(\"ab\", b=\"xx\")", "IntituleMonnaie=b", "IntituleMonnaie"}, "1\nab\n"},
         {{"Cls_Date", "NBJoursOuvrables(d=#2002-05-06 18:00#, d)", "d"}, "1\n2002-05-06 18:00:00\n"},
+        {{"Cls_Date", "NBJoursOuvrables(d=#2002-05-06#, d)", "NBJoursOuvrables(d=#2002-05-06 07:08#, d)", "d"}, "1\n1\n2002-05-06 07:08:00\n"},
+        {{"Cls_Math", "MesurePrincipale(été=10)", "été", "MesurePrincipale(x=Empty)", "x"}, "-2.56\n-2.56\n0\nEmpty\n"},
+        {{"Cls_Conversion", "IntituleMonnaie=007", "IntituleMonnaie", "IntituleMonnaie=  1.50", "IntituleMonnaie", "IntituleMonnaie=#2002-05-06#", "IntituleMonnaie"}, "007\n  1.50\n#2002-05-06#\n"},
+        {{"Cls_Conversion", "IntituleMonnaie=  franc ", "IntitulePetiteMonnaie=intituleMONNAIE", "IntitulePetiteMonnaie"}, "  franc \n"},
+        {{"Cls_Conversion", "IntituleMonnaie=euro", "ConvertirNombreEnLettre(2, tRUE)", "ConvertirNombreEnLettre(3, false)"}, "deux euros\ntrois\n"},
+        {{"Cls_Traduction", "Charger_TousLesMessages(\"/nowhere\", m=[])", "m", "Charger_TousLesMessages(\"/nowhere\", m=[3..4] \"a\", null)", "m"}, "[1..1] Null\n[1..1] Null\n"},
         // clang-format on
     };
     for (const auto& [arguments, out] : rows) {
@@ -53,6 +59,8 @@ TEST(Program, TellsFailuresAndBadCommandLinesApart) {
         {2, {"Cls_Date", "Paques([1..2] \"x\")"}, "tovera: step 1 "},
         {2, {"Cls_Date", "Paques([1E999..2])"}, "tovera: step 1 (Paques([1E999..2])), character 9: an array"},
         {2, {"Cls_Date", "Paques(2002) encore"}, "tovera: step 1 "},
+        {2, {"Cls_Date", "Paques(a=2002)", "Paques(b)"}, "tovera: step 2 (Paques(b)), character 8: \"b\" is neither"},
+        {2, {"Cls_Date", "Paques(a)", "Paques(a=2002)"}, "tovera: step 1 (Paques(a)), character 8: \"a\" is neither"},
         {2, {"Cls_Date", "(2002)"}, "tovera: step 1 ((2002)), character 1: a step begins"},
         // clang-format on
     };
