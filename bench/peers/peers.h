@@ -46,6 +46,12 @@ inline Loop (*glibWrite)(ProfileEntry entry) = nullptr;
 /// SimpleIni: loaded anew, and one entry read.
 inline Loop (*simpleIniRead)(ProfileEntry entry) = nullptr;
 
+/// OpenSSL's RC4 over so many bytes; a key file read and a short text signed; both key files of a folder
+/// read.
+inline Loop (*openSslRc4)(std::size_t size) = nullptr;
+inline Loop (*openSslSign)(std::string keyFile) = nullptr;
+inline Loop (*openSslRead)(std::string folder) = nullptr;
+
 /// The loop of a peer, or an empty one when it isn't installed.
 template <class... Inputs>
 Loop loopIfInstalled(Loop (*peer)(Inputs...), Inputs... inputs) {

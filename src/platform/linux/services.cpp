@@ -1,13 +1,12 @@
 #include <algorithm>
 #include <array>
-#include <dlfcn.h>
-#include <filesystem>
 #include <iostream>
 #include <string>
 #include <unistd.h>
 
 #include "frame/utf8.h"
 #include "platform/home_services.h"
+#include "platform/linux/component_facts.h"
 #include "platform/linux/files/file_system_object.h"
 #include "platform/linux/launch.h"
 #include "platform/linux/regional.h"
@@ -64,18 +63,7 @@ ObjectRef LinuxServices::createObject(std::u16string_view progId) {
 }
 
 ComponentFacts LinuxServices::facts() {
-    Dl_info module{};
-    dladdr(reinterpret_cast<const void*>(&launchProgram), &module);
-    std::error_code ignored;
-    auto file = std::filesystem::absolute(module.dli_fname ? module.dli_fname : "", ignored);
-    if (const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
-        !file.has_extension()) {
-        file = program;
-    }
-    ComponentFacts facts;
-    facts.fileName = fromUtf8(file.stem().string());
-    facts.folder = fromUtf8(file.parent_path().string());
-    return facts;
+    return componentFacts();
 }
 
 RegionalSettings LinuxServices::regionalSettings() {

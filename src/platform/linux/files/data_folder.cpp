@@ -6,15 +6,12 @@
 #include <unistd.h>
 
 namespace tovera {
-namespace {
 
 std::string homeFolder() {
     if (const char* home = std::getenv("HOME"); home && *home == '/') return home;
     const auto* user = getpwuid(getuid());
     return user ? user->pw_dir : "/";
 }
-
-}  // namespace
 
 std::string dataFolder() {
     if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data == '/') {

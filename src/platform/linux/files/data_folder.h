@@ -4,6 +4,9 @@
 
 namespace tovera {
 
+/// The user's home folder.
+std::string homeFolder();
+
 /// Where this system keeps what belongs to the user: `tovera` in the user's data folder, which need not exist
 /// yet.
 std::string dataFolder();

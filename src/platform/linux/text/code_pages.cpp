@@ -41,6 +41,40 @@ constexpr char16_t nearestSign(char16_t character) {
     return character;
 }
 
+constexpr char16_t characterOf(std::size_t code) {
+    return code >= 0x80 && code < 0xA0 ? ansiUpper[code - 0x80] : static_cast<char16_t>(code);
+}
+
+constexpr auto ansiCharacters = [] {
+    std::array<char16_t, 256> table{};
+    for (std::size_t code = 0; code < table.size(); ++code) table[code] = characterOf(code);
+    return table;
+}();
+
+/// The bytes of the characters whose upper halves are the same.
+using Page = std::array<char, 256>;
+
+constexpr Page pageOf(std::size_t upper) {
+    Page page{};
+    page.fill(defaultAnsiCharacter);
+    for (std::size_t code = 0; code < ansiCharacters.size(); ++code)
+        if (ansiCharacters[code] >> 8 == upper) page[ansiCharacters[code] & 0xFF] = static_cast<char>(code);
+    return page;
+}
+
+/// The upper halves that the code page has characters of; all others share the last page.
+constexpr std::array<std::uint8_t, 5> upperHalves{0x00, 0x01, 0x02, 0x20, 0x21};
+constexpr std::array pages{pageOf(0x00), pageOf(0x01), pageOf(0x02),
+                           pageOf(0x20), pageOf(0x21), pageOf(0x100)};
+
+constexpr auto placesOfPages = [] {
+    std::array<std::uint8_t, 256> places{};
+    places.fill(upperHalves.size());
+    for (std::size_t i = 0; i < upperHalves.size(); ++i)
+        places[upperHalves[i]] = static_cast<std::uint8_t>(i);
+    return places;
+}();
+
 /// Most texts are, and cross in a few steps for many characters at once.
 template <class Text>
 bool isAscii(const Text& text) {
@@ -52,14 +86,11 @@ bool isAscii(const Text& text) {
 }  // namespace
 
 char16_t ansiCharacter(char byte) {
-    const auto code = static_cast<std::uint8_t>(byte);
-    return code >= 0x80 && code < 0xA0 ? ansiUpper[code - 0x80U] : code;
+    return ansiCharacters[static_cast<std::uint8_t>(byte)];
 }
 
 char ansiByte(char16_t character) {
-    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) return static_cast<char>(character);
-    const auto place = ansiUpper.find(character);
-    return place == std::u16string_view::npos ? defaultAnsiCharacter : static_cast<char>(0x80 + place);
+    return pages[placesOfPages[character >> 8]][character & 0xFF];
 }
 
 std::string toAnsi1252(std::u16string_view text) {

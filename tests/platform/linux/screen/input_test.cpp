@@ -7,6 +7,7 @@
 #include "input/cls_sourisclv.h"
 #include "platform/linux/screen/key_table.h"
 #include "platform/linux/screen/pointer.h"
+#include "platform/linux/screen/screen_size.h"
 #include "platform/linux/temporary_folder.h"
 #include "platform/linux/x_server.h"
 
@@ -158,6 +159,25 @@ TEST(MouseFacts, SettingsOfTheDesktop) {
     for (std::size_t size = 0; size < little.size(); ++size)
         EXPECT_EQ(settingIn(little.substr(0, size), "Net/DoubleClickTime"), std::nullopt);
     EXPECT_EQ(settingIn("\0\0\0\0\0\0\0\0\xff\xff\xff\xff"s, "n"), std::nullopt);
+}
+
+TEST_F(InputOnDisplay, ScreenOfTheDisplay) {
+    EXPECT_EQ(screenSize(), (ScreenSize{1280, 1024}));
+}
+
+TEST(ScreenSize, OfAConnectedMonitor) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(connectedMonitor(folder / "missing"), ScreenSize{});
+    const auto connector = [&](const std::string& name, const std::string& status, const std::string& modes) {
+        std::filesystem::create_directories(folder / name);
+        std::ofstream(folder / (name + "/status")) << status << '\n';
+        std::ofstream(folder / (name + "/modes")) << modes;
+    };
+    connector("card0-DP-1", "disconnected", "640x480\n");
+    connector("card0-DP-2", "connected", "");
+    EXPECT_EQ(connectedMonitor(folder.path()), ScreenSize{});
+    connector("card0-HDMI-A-1", "connected", "1920x1080\n1280x720\n");
+    EXPECT_EQ(connectedMonitor(folder.path()), (ScreenSize{1920, 1080}));
 }
 
 }  // namespace

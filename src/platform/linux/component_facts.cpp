@@ -1,0 +1,58 @@
+#include "platform/linux/component_facts.h"
+
+#include <dlfcn.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "frame/utf8.h"
+#include "platform/linux/files/data_folder.h"
+#include "platform/linux/files/file_facts.h"
+#include "platform/linux/files/path_text.h"
+#include "platform/linux/files/paths.h"
+#include "platform/linux/screen/screen_size.h"
+
+namespace tovera {
+namespace {
+
+constexpr I4 twipsPerPixel = 15;  // of 1440 an inch, with 96 pixels an inch
+
+/// The file that this code has been loaded from: the library, or the program that it is part of.
+std::filesystem::path ownFile() {
+    Dl_info module{};
+    dladdr(reinterpret_cast<const void*>(&componentFacts), &module);
+    std::error_code ignored;
+    const auto file = std::filesystem::absolute(module.dli_fname ? module.dli_fname : "", ignored);
+    return file.has_extension() ? file : std::filesystem::read_symlink("/proc/self/exe", ignored);
+}
+
+bool isOwnAlone(const std::string& folder) {
+    const auto facts = factsOf(folder);
+    return facts && S_ISDIR(facts->st_mode) && facts->st_uid == geteuid() &&
+           (facts->st_mode & (S_IWGRP | S_IWOTH)) == 0;
+}
+
+}  // namespace
+
+std::u16string componentFolder(const std::string& ownFolder, const std::string& homeFolder) {
+    if (ownFolder != homeFolder && isBelow(ownFolder, homeFolder) && isOwnAlone(ownFolder))
+        return fromUtf8(ownFolder);
+    makeWindowsFolders();
+    chmod(foundHostPath(systemFolder).c_str(), S_IRWXU);
+    return std::u16string(systemFolder);
+}
+
+ComponentFacts componentFacts() {
+    const auto file = ownFile();
+    const auto screen = screenSize();
+    ComponentFacts facts;
+    facts.fileName = fromUtf8(file.stem().string());
+    facts.folder = componentFolder(file.parent_path().string(), homeFolder());
+    facts.twipsPerPixelX = twipsPerPixel;
+    facts.twipsPerPixelY = twipsPerPixel;
+    facts.screenWidthTwips = screen.width * twipsPerPixel;
+    facts.screenHeightTwips = screen.height * twipsPerPixel;
+    return facts;
+}
+
+}  // namespace tovera
