@@ -1,3 +1,12 @@
+# Headers of libraries that are bound at run time: what isn't here is built without.
+find_package(PkgConfig QUIET)
+if(PkgConfig_FOUND)
+    foreach(library gio-unix-2.0 gstreamer-1.0)
+        pkg_check_modules(headers_${library} QUIET ${library})
+        target_include_directories(tovera_options SYSTEM INTERFACE ${headers_${library}_INCLUDE_DIRS})
+    endforeach()
+endif()
+
 # The native home: the library and the program.
 file(GLOB layer CONFIGURE_DEPENDS src/platform/linux/*.cpp src/platform/linux/*/*.cpp)
 add_library(tovera ${logic} ${layer})

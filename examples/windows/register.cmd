@@ -6,9 +6,12 @@ set failed=0
 set own=%SystemRoot%\System32
 if exist "%SystemRoot%\Sysnative\regsvr32.exe" set own=%SystemRoot%\Sysnative
 if exist "%SystemRoot%\SysWOW64\regsvr32.exe" goto both
-"%own%\regsvr32.exe" %1 "%~dp0x86\TOVERA.dll" || set failed=1
+"%own%\regsvr32.exe" %1 "%~dp0x86\TOVERA.dll"
+if errorlevel 1 set failed=1
 exit /b %failed%
 :both
-"%SystemRoot%\SysWOW64\regsvr32.exe" %1 "%~dp0x86\TOVERA.dll" || set failed=1
-"%own%\regsvr32.exe" %1 "%~dp0x64\TOVERA.dll" || set failed=1
+"%SystemRoot%\SysWOW64\regsvr32.exe" %1 "%~dp0x86\TOVERA.dll"
+if errorlevel 1 set failed=1
+"%own%\regsvr32.exe" %1 "%~dp0x64\TOVERA.dll"
+if errorlevel 1 set failed=1
 exit /b %failed%

@@ -5,6 +5,7 @@
 
 #include "cli/still_playing.h"
 #include "frame/utf8.h"
+#include "platform/download.h"
 
 namespace tovera::cli {
 
@@ -46,6 +47,7 @@ bool Session::run(Runner& runner, const Step& step, const Place& place) {
 
 template <class Body>
 int Session::withObject(Body body) {
+    platform_.port<Download>().showProgress();
     try {
         Runner runner(entry_.create(platform_), entry_.description(), services_, console_.out);
         if (!body(runner) || !console_.out.flush()) return automationError;

@@ -8,8 +8,8 @@
 #include "platform/home_services.h"
 #include "platform/linux/component_facts.h"
 #include "platform/linux/files/file_system_object.h"
-#include "platform/linux/launch.h"
 #include "platform/linux/regional.h"
+#include "platform/linux/shell/launch.h"
 #include "platform/linux/text/code_pages.h"
 #include "platform/linux/text/letter_case.h"
 
@@ -52,7 +52,7 @@ I4 LinuxServices::messageBox(const Bstr& text, I4 /*flags*/, const Bstr& title) 
 }
 
 R8 LinuxServices::launch(const Bstr& commandLine, WindowStyle /*style*/) {
-    return launchProgram(toUtf8(commandLine));
+    return launchCommand(toUtf8(commandLine));
 }
 
 ObjectRef LinuxServices::createObject(std::u16string_view progId) {

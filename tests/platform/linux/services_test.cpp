@@ -1,10 +1,8 @@
 #include <cstdlib>
 #include <iconv.h>
-#include <sys/wait.h>
 
 #include "conversion/cls_conversion.h"
 #include "platform/home_services.h"
-#include "platform/linux/launch.h"
 #include "platform/linux/regional.h"
 #include "platform/linux/temporary_folder.h"
 #include "platform/linux/text/code_pages.h"
@@ -64,20 +62,6 @@ TEST(LinuxUser32, OemTextFillsItsTargetAndNoMore) {
     Bstr ansi = u"....";
     EXPECT_EQ(Cls_Conversion(home()).ConvertirOemAnsi(typed, ansi), 1);
     EXPECT_EQ(ansi, Bstr(std::u16string(u"éÇ\0.", 4)));
-}
-
-TEST(LinuxLaunch, WordsOfTheCommandLine) {
-    const TemporaryFolder folder;
-    const auto show = folder / "words";
-    std::ofstream(show) << "printf '[%s]' \"$@\" >\"$0.out\"\n";
-    const auto arguments = R"(" a "b  c" d"e f"g   "" $HOME * ; | é  )";
-    const auto process = static_cast<pid_t>(launchProgram("  sh \"" + show + arguments));
-    EXPECT_EQ(waitpid(process, nullptr, 0), process);
-    EXPECT_EQ(contentOf(show + ".out"), "[a][b  c][de fg][][$HOME][*][;][|][é]");
-    const std::pair<const char*, I4> failures[] = {
-        {"/nowhere/program", 53}, {"/etc/passwd/x", 53}, {"\"\" a", 53}, {"   ", 5}, {"/etc/passwd", 5}};
-    for (const auto& [commandLine, error] : failures)
-        EXPECT_EQ(errorOf([&] { launchProgram(commandLine); }), error) << commandLine;
 }
 
 TEST(LinuxServices, MessageBoxesFactsAndObjects) {

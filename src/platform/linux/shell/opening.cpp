@@ -1,10 +1,105 @@
-#include "platform/opening.h"
+#include "platform/linux/shell/opening.h"
+
+#if __has_include(<gio/gdesktopappinfo.h>)
+
+#include <fcntl.h>
+
+#include "platform/linux/files/file_descriptor.h"
+#include "platform/linux/shell/message_bus.h"
+#include "platform/linux/shell/programs.h"
 
 namespace tovera {
+namespace {
 
-Opening& homeOpening() {
-    static Opening port;
-    return port;
+bool isAddress(const std::string& target) {
+    const auto colon = target.find("://");
+    return colon != std::string::npos && target.find('/') == colon + 1;
+}
+
+GioOwned<GFile> fileOf(const std::string& target) {
+    return GioOwned<GFile>(isAddress(target) ? gio().file_new_for_uri(target.c_str())
+                                             : gio().file_new_for_path(target.c_str()));
+}
+
+GioOwned<GAppInfo> appFor(const std::string& type) {
+    constexpr std::string_view scheme = "x-scheme-handler/";
+    return GioOwned<GAppInfo>(type.starts_with(scheme)
+                                  ? gio().app_info_get_default_for_uri_scheme(&type[scheme.size()])
+                                  : gio().app_info_get_default_for_type(type.c_str(), 0));
+}
+
+GioOwned<GAppInfo> appOf(const std::string& target) {
+    if (isAddress(target)) return appFor("x-scheme-handler/" + target.substr(0, target.find(':')));
+    const auto file = fileOf(target);
+    const GioOwned<GFileInfo> info(gio().file_query_info(file.get(), "standard::content-type",
+                                                         G_FILE_QUERY_INFO_NONE, nullptr, GioError().out()));
+    const char* const type = info ? gio().file_info_get_content_type(info.get()) : nullptr;
+    return type ? appFor(type) : nullptr;
+}
+
+bool launch(GAppInfo* app, const std::string& target) {
+    const auto file = fileOf(target);
+    GList files{file.get(), nullptr, nullptr};
+    return gio().app_info_launch(app, &files, nullptr, GioError().out()) != 0;
+}
+
+}  // namespace
+
+std::optional<Opener> openerOf(const std::string& path) {
+    if (!gio().gio.isPresent()) return std::nullopt;
+    const auto app = appOf(path);
+    if (!app) return std::nullopt;
+    const char* const name = gio().app_info_get_executable(app.get());
+    const auto found = findProgram(name ? name : "");
+    return Opener{found ? found->path : ""};
+}
+
+bool openByDesktop(const std::string& target) {
+    if (!gio().gio.isPresent()) return false;
+    const auto app = appOf(target);
+    return app && launch(app.get(), target);
+}
+
+bool startProgramFor(const std::string& type) {
+    if (!gio().gio.isPresent()) return false;
+    const auto app = appFor(type);
+    return app && gio().app_info_launch(app.get(), nullptr, nullptr, GioError().out()) != 0;
+}
+
+bool openWithDialog(const std::string& path) {
+    if (!gio().gio.isPresent()) return false;
+    const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const MessageBus bus(G_BUS_TYPE_SESSION);
+    if (!file.isOpen() || !bus) return false;
+    const GioOwned<GUnixFDList> files(gio().unix_fd_list_new());
+    const int handle = gio().unix_fd_list_append(files.get(), file.get(), GioError().out());
+    auto* const arguments = busTuple({busText(""), gio().variant_new_handle(handle),
+                                      busOptions({{"ask", busTruth(true)}, {"writable", busTruth(true)}})});
+    return GioOwned<GVariant>(gio().dbus_connection_call_with_unix_fd_list_sync(
+               bus.connection(), "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
+               "org.freedesktop.portal.OpenURI", "OpenFile", arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
+               files.get(), nullptr, nullptr, GioError().out())) != nullptr;
 }
 
 }  // namespace tovera
+
+#else  // built without GIO
+
+namespace tovera {
+
+std::optional<Opener> openerOf(const std::string&) {
+    return std::nullopt;
+}
+bool openByDesktop(const std::string&) {
+    return false;
+}
+bool startProgramFor(const std::string&) {
+    return false;
+}
+bool openWithDialog(const std::string&) {
+    return false;
+}
+
+}  // namespace tovera
+
+#endif

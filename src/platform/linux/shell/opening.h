@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace tovera {
+
+/// The program that opens a document.
+struct Opener {
+    std::string executable;  ///< path of this system; empty where the entry names none that is found
+};
+
+// Documents and their programs, by the desktop's own rules; without its libraries there are none.
+
+/// The program that the desktop has for an existing file.
+std::optional<Opener> openerOf(const std::string& path);
+
+/// Opens a file or an address (`http://…`) by the desktop's own program for it. False when there is none, or
+/// when it can't be started.
+bool openByDesktop(const std::string& target);
+
+/// Starts the desktop's own program for a type, with no file.
+bool startProgramFor(const std::string& type);
+
+/// Lets the user choose a program for a file: the desktop's own dialog.
+bool openWithDialog(const std::string& path);
+
+}  // namespace tovera

@@ -1,0 +1,10 @@
+#include "platform/opening.h"
+
+namespace tovera {
+
+Opening& homeOpening() {
+    static Opening port;
+    return port;
+}
+
+}  // namespace tovera
