@@ -65,6 +65,5 @@ target_link_options(tovera_component PRIVATE -static -s
 set_target_properties(tovera_component PROPERTIES
     OUTPUT_NAME TOVERA PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 include(Program)
-target_link_libraries(tovera_program PRIVATE shell32)
 target_link_options(tovera_program PRIVATE -static -s LINKER:--gc-sections,--dynamicbase,--nxcompat,--no-insert-timestamp)
 include(Package)
