@@ -18,14 +18,7 @@ target_include_directories(tovera PUBLIC
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tovera>)
 set_target_properties(tovera PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION 1)
 
-file(GLOB program CONFIGURE_DEPENDS src/cli/*.cpp)
-list(FILTER program EXCLUDE REGEX "/main\\.cpp$")
-add_library(tovera_cli STATIC ${program})
-target_link_libraries(tovera_cli PUBLIC tovera PRIVATE tovera_options)
-add_executable(tovera_program src/cli/main.cpp)
-target_link_libraries(tovera_program PRIVATE tovera_cli tovera_options)
-set_target_properties(tovera_program PROPERTIES
-    OUTPUT_NAME tovera RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+include(Program)
 
 # The generators of texts made from the class table.
 add_executable(reference_pages tools/reference_pages.cpp)

@@ -6,6 +6,7 @@ else()
     set(component_folder x86)
 endif()
 install(TARGETS tovera_component LIBRARY DESTINATION ${component_folder})
+install(TARGETS tovera_program RUNTIME DESTINATION ${component_folder})
 install(FILES ${CMAKE_BINARY_DIR}/TOVERA.manifest DESTINATION ${component_folder})
 install(FILES ${CMAKE_BINARY_DIR}/KADRELDLL.h DESTINATION .)
 install(FILES examples/windows/register.cmd examples/windows/unregister.cmd examples/windows/LISEZMOI.txt

@@ -64,4 +64,6 @@ target_link_options(tovera_component PRIVATE -static -s
     LINKER:--wrap,${wrapped_import},--kill-at,--enable-stdcall-fixup,--gc-sections,--dynamicbase,--nxcompat,--no-insert-timestamp,--file-alignment,4096)
 set_target_properties(tovera_component PROPERTIES
     OUTPUT_NAME TOVERA PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+include(Program)
+target_link_options(tovera_program PRIVATE -static -s LINKER:--gc-sections,--dynamicbase,--nxcompat,--no-insert-timestamp)
 include(Package)

@@ -2,8 +2,7 @@
 
 #include "cli/form_classes.h"
 #include "frame/error.h"
-#include "platform/linux/profiles/profile_lines.h"
-#include "platform/linux/profiles/profile_text.h"
+#include "platform/profile_values.h"
 
 namespace tovera::cli {
 namespace {

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/form_names.h"
+
 // The text of a Visual Basic form file: where its controls and their properties stand. Everything is bytes of
 // the ANSI code page.
 namespace tovera::cli {
@@ -57,9 +59,6 @@ struct TextChange {
 /// without a line gets one in its alphabetical place, in the style of the lines round it. The changes come in
 /// file order, and for one block in alphabetical order.
 std::string withTexts(const FormFile& file, std::span<const TextChange> changes);
-
-/// Names of form files are compared without regard to case.
-bool sameName(std::string_view a, std::string_view b);
 
 /// The property with this name, the last one when the file repeats it; null when
 /// there is none.

@@ -4,7 +4,6 @@
 
 #include "cli/form_file.h"
 #include "frame/error.h"
-#include "platform/linux/text/letter_case.h"
 
 namespace tovera::cli {
 namespace {
@@ -195,10 +194,6 @@ class FormReader {
 };
 
 }  // namespace
-
-bool sameName(std::string_view a, std::string_view b) {
-    return std::ranges::equal(a, b, {}, ansiCapital, ansiCapital);
-}
 
 const FormProperty* findProperty(const FormBlock& block, std::string_view name) {
     const auto hasName = [&](const FormProperty& property) { return sameName(property.name, name); };

@@ -2,7 +2,6 @@
 
 #include "cli/form_file.h"
 #include "cli/value_text.h"
-#include "platform/linux/text/letter_case.h"
 
 namespace tovera::cli {
 namespace {
@@ -69,7 +68,7 @@ LineStyle styleOf(const FormBlock& block, std::string_view bytes) {
 }
 
 bool alphabeticallyBefore(std::string_view a, std::string_view b) {
-    return std::ranges::lexicographical_compare(a, b, {}, ansiCapital, ansiCapital);
+    return std::ranges::lexicographical_compare(a, b, {}, capitalByte, capitalByte);
 }
 
 /// Where a new property's line goes: before the first property whose name comes later in the alphabet.

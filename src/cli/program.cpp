@@ -1,14 +1,12 @@
 #include "cli/program.h"
 
 #include <ostream>
-#include <vector>
 
 #include "catalogue/catalogue.h"
 #include "catalogue/signature.h"
-#include "cli/runner.h"
+#include "cli/session.h"
 #include "cli/usage.h"
-#include "frame/utf8.h"
-#include "platform/download.h"
+#include "frame/error.h"
 
 namespace tovera::cli {
 namespace {
@@ -52,59 +50,30 @@ int list(std::span<const std::string> arguments, std::ostream& out, std::ostream
     return success;
 }
 
-/// All steps are read before the first one runs, so that a bad command line changes nothing.
-std::vector<Step> parseSteps(std::span<const std::string> texts) {
-    std::vector<Step> steps;
-    for (const auto& text : texts) {
-        try {
-            steps.push_back(parseStep(fromUtf8(text)));
-        } catch (const CommandLineError& error) {
-            const auto place = "step " + std::to_string(steps.size() + 1) + " (" + text + "), ";
-            throw CommandLineError(place + error.what());
-        }
-    }
-    return steps;
-}
-
-int runSteps(const CatalogueEntry& entry, std::span<const std::string> texts, std::ostream& out,
-             std::ostream& err) {
-    const auto steps = parseSteps(texts);
-    home().port<Download>().showProgress();
-    std::size_t running = 0;
-    try {
-        Runner runner(entry.create(home()), entry.description(), home().services, out);
-        for (; running < steps.size(); ++running) runner.run(steps[running]);
-        runner.saveForms();
-        return success;
-    } catch (const AutomationError& error) {
-        out.flush();
-        err << "error " << error.number() << ": " << error.what() << '\n';
-        if (running < texts.size())
-            err << "tovera: in step " << running + 1 << ": " << texts[running] << '\n';
-        return automationError;
-    }
-}
-
 }  // namespace
 
-int runProgram(std::span<const std::string> arguments, std::ostream& out, std::ostream& err) {
+int runProgram(std::span<const std::string> arguments, Console console) {
+    auto& [in, out, err] = console;
     if (arguments.empty()) return refuse(err, "a class is missing");
     const auto& first = arguments.front();
-    if (first == "--help" || first == "-h") {
-        out << usage << help;
-        return success;
-    }
-    if (first == "--version") {
-        out << "tovera 1.0.0\n";
+    const bool alone = arguments.size() == 1;
+    if (first == "--help" || first == "-h" || first == "--version") {
+        if (!alone) return refuse(err, first + " stands alone");
+        if (first == "--version")
+            out << "tovera 1.0.0\n";
+        else
+            out << usage << help;
         return success;
     }
     if (first == "list") return list(arguments.subspan(1), out, err);
     if (first.starts_with('-')) return refuse(err, "unknown option " + first);
     const auto* const entry = findClass(first);
     if (!entry) return unknownClass(err, first);
-    if (arguments.size() == 1) return refuse(err, "a step is missing");
+    if (alone) return refuse(err, "a step is missing");
     try {
-        return runSteps(*entry, arguments.subspan(1), out, err);
+        const bool fromInput = arguments.size() == 2 && arguments[1] == "-";
+        Session session(*entry, console);
+        return fromInput ? session.runInput() : session.runAll(arguments.subspan(1));
     } catch (const CommandLineError& error) {
         return refuse(err, error.what());
     }

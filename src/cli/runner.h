@@ -2,8 +2,7 @@
 
 #include <iosfwd>
 #include <map>
-#include <memory>
-#include <span>
+#include <optional>
 #include <string>
 
 #include "cli/form_argument.h"
@@ -28,7 +27,9 @@ class Runner {
     void call(const Step& step);
     void write(const Step& step);
     Variant argument(const ArgumentExpression& expression);
-    Variant writtenValue(std::u16string_view text);
+    std::optional<Variant> namedValue(std::u16string_view name);
+    Variant writtenValue(const Step& step);
+    bool takesText(std::u16string_view property) const;
 
     ObjectRef object_;
     const ClassDescription& description_;

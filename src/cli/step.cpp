@@ -57,9 +57,4 @@ std::optional<Variant> parseLiteral(std::u16string_view text) {
     return {};
 }
 
-bool isName(std::u16string_view text) {
-    StepReader reader(text);
-    return !reader.takeName().empty() && reader.atEnd();
-}
-
 }  // namespace tovera::cli

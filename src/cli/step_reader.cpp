@@ -8,6 +8,7 @@
 #include "frame/date_time.h"
 #include "frame/error.h"
 #include "frame/number_text.h"
+#include "frame/upper_case.h"
 #include "frame/utf8.h"
 
 namespace tovera::cli {
@@ -26,16 +27,21 @@ bool beginsNumber(char16_t c) {
     return isDigit(c) || c == u'.' || c == u'-' || c == u'+';
 }
 
+/// The words that are values, in any case of their letters.
 struct Word {
-    std::u16string_view name;
+    std::u16string_view capitals;
     Variant (*value)();
 };
 
 const std::array words{
-    Word{u"True", [] { return Variant(True); }},           Word{u"False", [] { return Variant(False); }},
-    Word{u"Empty", [] { return Variant(Empty{}); }},       Word{u"Null", [] { return Variant(Null{}); }},
-    Word{u"Nothing", [] { return Variant(ObjectRef{}); }},
+    Word{u"TRUE", [] { return Variant(True); }},           Word{u"FALSE", [] { return Variant(False); }},
+    Word{u"EMPTY", [] { return Variant(Empty{}); }},       Word{u"NULL", [] { return Variant(Null{}); }},
+    Word{u"NOTHING", [] { return Variant(ObjectRef{}); }},
 };
+
+bool isWord(std::u16string_view name, std::u16string_view capitals) {
+    return std::ranges::equal(name, capitals, {}, [](char16_t c) { return upperCase(c); });
+}
 
 /// A number with a point, the same in every locale; infinite when it is out of range.
 std::optional<R8> plainNumber(std::u16string_view text) {
@@ -91,7 +97,7 @@ std::optional<Variant> StepReader::takeWord() {
     const auto start = at_;
     const auto name = takeName();
     for (const auto& word : words) {
-        if (name == word.name) return word.value();
+        if (isWord(name, word.capitals)) return word.value();
     }
     at_ = start;
     return {};
@@ -159,6 +165,7 @@ I4 StepReader::takeBound() {
 
 Variant StepReader::takeArray() {
     take(u'[');
+    if (take(u']')) return StringArray();
     const auto lower = takeBound();
     if (!take(u'.') || !take(u'.')) fail("two points stand between the bounds of an array");
     const auto upper = takeBound();
@@ -182,15 +189,16 @@ Variant StepReader::takeArray() {
 
 ArgumentExpression StepReader::takeArgument() {
     if (auto literal = takeLiteral()) return std::move(*literal);
+    const auto place = at_ + 1;
     auto name = takeName();
     if (name.empty()) return std::monostate{};
     skipBlanks();
     if (name == u"form" && take(u'(')) return takeForm();
-    if (!take(u'=')) return VariableUse{std::move(name), {}};
+    if (!take(u'=')) return NameUse{std::move(name), place};
     skipBlanks();
     auto value = takeLiteral();
     if (!value) fail("a value for the variable \"" + toUtf8(name) + "\"");
-    return VariableUse{std::move(name), std::move(value)};
+    return VariableValue{std::move(name), std::move(*value)};
 }
 
 FormUse StepReader::takeForm() {

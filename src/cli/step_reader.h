@@ -1,6 +1,8 @@
 #pragma once
 
-#include "cli/step.h"
+#include <string_view>
+
+#include "cli/expression.h"
 
 namespace tovera::cli {
 

@@ -32,7 +32,8 @@ class FormArgument : public ::testing::Test {
         std::vector<std::string> arguments{"Cls_Traduction", member + "(" + form + ", \"" + language + "\")"};
         arguments.insert(arguments.end(), further.begin(), further.end());
         err.str("");
-        return runProgram(arguments, out, err);
+        std::istringstream in;
+        return runProgram(arguments, {in, out, err});
     }
     ObjectRef open(const std::string& file) { return forms.open(fs::path(file).u16string()); }
 

@@ -10,20 +10,11 @@
 #include <emmintrin.h>
 #endif
 
+#include "platform/profile_values.h"
+
 // The lines of a profile (INI) text in ANSI bytes. They are walked once, and of a line no more is looked at
 // than is asked for: a read passes thousands of lines on its way to one entry.
 namespace tovera {
-
-/// Blanks round names and values: white space, and the end-of-file mark of DOS.
-constexpr bool isProfileBlank(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r') || c == '\x1A';
-}
-
-constexpr std::string_view withoutBlanks(std::string_view text) {
-    while (!text.empty() && isProfileBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isProfileBlank(text.back())) text.remove_suffix(1);
-    return text;
-}
 
 /// The first carriage return or line feed from `p` on, else `end`.
 inline const char* lineEndFrom(const char* p, const char* end) {

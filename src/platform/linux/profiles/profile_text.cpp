@@ -116,11 +116,6 @@ bool ProfileSearch::goesOnAfter(std::string_view text) {
     return true;
 }
 
-std::string_view withoutQuotes(std::string_view value) {
-    if (value.size() < 2 || value.front() != value.back()) return value;
-    return value.front() == '"' || value.front() == '\'' ? value.substr(1, value.size() - 2) : value;
-}
-
 std::string profileSections(std::string_view text) {
     std::string names;
     for (ProfileLines lines(text); !lines.atEnd();) {

@@ -28,9 +28,6 @@ class ProfileSearch {
     std::optional<std::string_view> value_;
 };
 
-/// A value without the one pair of quotation marks, single or double, that encloses it.
-std::string_view withoutQuotes(std::string_view value);
-
 /// The names of all sections, or of a section's keys, each with a NUL behind it. Lines without a name or
 /// an equals sign and comments are no keys.
 std::string profileSections(std::string_view text);

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <iosfwd>
+
+#include "platform/platform.h"
+
+namespace tovera::cli {
+
+/// Stays as long as what the steps have started is to be heard, and says so on a terminal.
+void waitForSound(const Platform& platform, std::ostream& err);
+
+}  // namespace tovera::cli
