@@ -26,9 +26,10 @@ std::string shownOn(const std::array<int, 2>& ends, const std::string& step) {
     const auto process = start([&] {
         dup2(ends[1], STDERR_FILENO);
         close(ends[0]);
+        std::istringstream input;
         std::ostringstream output;
         const std::array<std::string, 2> arguments{"Cls_Internet", step};
-        return cli::runProgram(arguments, output, output) == 0 && output.str() == "True\n" ? 0 : 1;
+        return cli::runProgram(arguments, {input, output, output}) == 0 && output.str() == "True\n" ? 0 : 1;
     });
     close(ends[1]);
     std::string text;
