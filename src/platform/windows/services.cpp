@@ -1,8 +1,8 @@
 #include "platform/home_services.h"
 #include "platform/windows/com_pointer.h"
+#include "platform/windows/incoming_values.h"
 #include "platform/windows/launch.h"
 #include "platform/windows/module.h"
-#include "platform/windows/object_bridge.h"
 #include "platform/windows/regional.h"
 
 namespace tovera {
