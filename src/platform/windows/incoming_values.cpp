@@ -10,6 +10,7 @@
 #include "platform/windows/interface_ids.h"
 #include "platform/windows/object_bridge.h"
 #include "platform/windows/texts.h"
+#include "platform/windows/wide_text.h"
 
 namespace tovera {
 namespace {
@@ -51,7 +52,7 @@ void takeBack(const Reference& variable, const VARIANT& left) {
 }
 
 std::optional<MemberId> ForeignObject::memberNamed(std::u16string_view name) {
-    std::wstring text(name.begin(), name.end());
+    std::wstring text = wide(name);
     LPOLESTR names = text.data();
     DISPID member = DISPID_UNKNOWN;
     const HRESULT status = dispatch_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &member);
