@@ -5,6 +5,7 @@
 #include "catalogue/library_facts.h"
 #include "frame/utf8.h"
 #include "platform/windows/module.h"
+#include "platform/windows/wide_text.h"
 
 namespace tovera {
 namespace {
@@ -17,13 +18,12 @@ constexpr bool has64Bits = sizeof(void*) == 8;
 constexpr std::wstring_view ownKind = has64Bits ? L"win64" : L"win32";
 constexpr std::wstring_view otherKind = has64Bits ? L"win32" : L"win64";
 
-std::wstring wide(std::string_view text) {
-    const auto converted = fromUtf8(text);
-    return {converted.begin(), converted.end()};
+std::wstring wideUtf8(std::string_view text) {
+    return wide(fromUtf8(text));
 }
 
 std::wstring braced(const InterfaceId& id) {
-    return L"{" + wide(idText(id)) + L"}";
+    return L"{" + wideUtf8(idText(id)) + L"}";
 }
 
 std::wstring folderOf(const std::wstring& file) {
@@ -54,7 +54,7 @@ class KeyWriter {
 };
 
 void addClass(const KeyWriter& root, const KeyWriter& classIds, const ClassDescription& description) {
-    const auto progId = wide(description.progId);
+    const auto progId = wideUtf8(description.progId);
     const auto classId = braced(identityOf(description.name));
     const auto byProgId = root.key(progId, Owner::Names).text(progId);
     byProgId.key(L"Clsid").text(classId);
@@ -63,19 +63,20 @@ void addClass(const KeyWriter& root, const KeyWriter& classIds, const ClassDescr
     byId.key(L"ProgID").text(progId);
     byId.key(L"Programmable");
     byId.key(L"TypeLib").text(braced(libraryId()));
-    byId.key(L"VERSION").text(wide(libraryVersion));
+    byId.key(L"VERSION").text(wideUtf8(libraryVersion));
 }
 
 void addInterface(const KeyWriter& interfaces, const ClassDescription& description) {
     const auto name = "_" + std::string(description.name);
-    const auto byId = interfaces.key(braced(identityOf(name)), Owner::ThisBitness).text(wide(name));
+    const auto byId = interfaces.key(braced(identityOf(name)), Owner::ThisBitness).text(wideUtf8(name));
     byId.key(L"ProxyStubClsid32").text(typeLibraryMarshaller);
-    byId.key(L"TypeLib").text(braced(libraryId())).named(L"Version", wide(libraryVersion));
+    byId.key(L"TypeLib").text(braced(libraryId())).named(L"Version", wideUtf8(libraryVersion));
 }
 
 void addTypeLibrary(const KeyWriter& libraries) {
-    const auto version =
-        libraries.key(braced(libraryId()), Owner::Library).key(wide(libraryVersion)).text(wide(libraryHelp));
+    const auto version = libraries.key(braced(libraryId()), Owner::Library)
+                             .key(wideUtf8(libraryVersion))
+                             .text(wideUtf8(libraryHelp));
     version.key(L"0").key(ownKind, Owner::ThisBitness).text(ownFileName());
     version.key(L"FLAGS").text(L"0");
     version.key(L"HELPDIR").text(folderOf(ownFileName()));
@@ -104,7 +105,7 @@ std::wstring keyOfFirstClass() {
 
 std::wstring keyOfOtherLibrary() {
     const auto library = std::wstring(classes) + L"\\TypeLib\\" + braced(libraryId());
-    return library + L"\\" + wide(libraryVersion) + L"\\0\\" + std::wstring(otherKind);
+    return library + L"\\" + wideUtf8(libraryVersion) + L"\\0\\" + std::wstring(otherKind);
 }
 
 }  // namespace tovera

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include "frame/ascii_case.h"
 #include "frame/bstr.h"
 #include "frame/error.h"
 
@@ -153,12 +154,12 @@ class NumberReader {
 };
 
 std::optional<R8> hexadecimal(std::u16string_view text) {
-    if (text.size() < 3 || text.size() > 10 || text[0] != u'&' || (text[1] | 0x20) != u'h') return {};
+    if (text.size() < 3 || text.size() > 10 || text[0] != u'&' || smallAscii(text[1]) != u'h') return {};
     const auto digits = text.substr(2);
     constexpr std::u16string_view values = u"0123456789abcdef";
     std::uint32_t bits = 0;
     for (const auto c : digits) {
-        const auto value = values.find(isDigit(c) ? c : static_cast<char16_t>(c | 0x20));
+        const auto value = values.find(smallAscii(c));
         if (value == values.npos) return {};
         bits = bits * 16 + static_cast<std::uint32_t>(value);
     }

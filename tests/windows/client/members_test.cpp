@@ -108,7 +108,8 @@ const std::vector<StepsOfClass>& allSteps() {
             {"RenommerFichier", {other, file}, Value::truth(true)}}},
         {"_Cls_SQL", {
             {"RepAPOS", {L"l'été"}, L"l''été"},
-            {"Creer_ODBC_Access", {L"C:\\aucune.mdb", L"Base"}, L"Fichier inexistant."}}},
+            {"Creer_ODBC_Access", {L"C:\\aucune.mdb", L"Base"}, L"Fichier inexistant."},
+            {"Creer_ODBC_Access", {L"C:\\windows\\win.ini", L"Base"}, L"MDAC non installé."}}},
         {"_Cls_Cryptage", {
             {"put InBuffer", {L"Bonjour le monde"}, {}}, {"get InBuffer", {}, L"Bonjour le monde"},
             {"put Password", {L"secret"}, {}}, {"get Password", {}, L"secret"},

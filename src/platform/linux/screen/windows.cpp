@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 
+#include "frame/ascii_case.h"
 #include "platform/linux/screen/window_facts.h"
 #include "platform/linux/text/ansi_buffer.h"
 #include "platform/linux/text/code_pages.h"
@@ -15,9 +16,7 @@ namespace {
 constexpr std::string_view hiddenMark = "_TOVERA_HIDDEN";
 
 bool isTaskbarClass(std::string_view name) {
-    constexpr std::string_view taskbar = "shell_traywnd";
-    return std::ranges::equal(name, taskbar, {},
-                              [](char c) { return c >= 'A' && c <= 'Z' ? char(c | 0x20) : c; });
+    return isWord(name, "shell_traywnd");
 }
 
 void hide(XDisplay& display, xcb_window_t window) {
