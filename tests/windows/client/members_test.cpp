@@ -203,6 +203,7 @@ TEST(Members, BySlotAndByName) {
         }
     }
     EXPECT_EQ(called, published);
+    DeleteFileW((Component::loaded().file() + L"\\..\\temp.eml").c_str());
     for (const auto* step : {"GetIPAddress", "GetIPHostName", "GetMACAddress", "GetUserName"})
         EXPECT_NE(bySlots[step].text(), L"") << step;
 }
