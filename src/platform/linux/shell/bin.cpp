@@ -5,6 +5,7 @@
 #include <climits>
 #include <cstdlib>
 #include <filesystem>
+#include <unistd.h>
 #include <vector>
 
 #include "frame/utf8.h"
@@ -16,6 +17,7 @@
 #include "platform/linux/files/paths.h"
 #include "platform/linux/files/whole_file.h"
 #include "platform/linux/shell/dialogs.h"
+#include "platform/linux/shell/link_twins.h"
 #include "platform/linux/shell/user_folders.h"
 #include "platform/linux/text/letter_case.h"
 #if __has_include(<gio/gdesktopappinfo.h>)
@@ -117,8 +119,11 @@ int putIntoBin(std::u16string_view path) {
     const auto facts = place.empty() ? std::nullopt : factsOf(place);
     if (!facts) return ENOENT;
     if (!S_ISLNK(facts->st_mode) && isProtected(place)) return EBUSY;
-    const int error = trash(place);
-    return error == ENOTSUP ? deleteForGood(place) : error;
+    const auto twin = markedTwinOf(place);
+    int error = trash(place);
+    if (error == ENOTSUP) error = deleteForGood(place);
+    if (error == 0 && !twin.empty()) unlink(twin.c_str());
+    return error;
 }
 
 }  // namespace tovera

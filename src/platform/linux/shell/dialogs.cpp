@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -137,7 +138,7 @@ Words dialogPrograms() {
     for (const auto* const name : {"KDE", "LXQT"})
         if (std::ranges::find(desktops, name) != desktops.end()) std::swap(programs[0], programs[1]);
     std::erase_if(programs, [](const auto& program) { return !hasProgram(program); });
-    return hasDisplay() ? programs : Words();
+    return displayAnswers() ? programs : Words();
 }
 
 bool isTerminal() {
@@ -146,7 +147,7 @@ bool isTerminal() {
 
 }  // namespace
 
-bool hasDisplay() {
+bool displayAnswers() {
     const auto wayland = variable("WAYLAND_DISPLAY");
     const auto socket = wayland.starts_with('/') ? wayland : variable("XDG_RUNTIME_DIR") + '/' + wayland;
     if (!wayland.empty() && answers(socket)) return true;
@@ -185,10 +186,13 @@ DialogAnswer runDialog(const Words& words, const std::string& input) {
 }
 
 bool showInDialog(std::u16string_view text, std::u16string_view title) {
+    using namespace std::chrono_literals;
+    constexpr auto soonerThanAnyUser = 200ms;
     for (const auto& program : dialogPrograms()) {
         const auto command = commandOf(program, Dialog::Text, toUtf8(text), toUtf8(title));
+        const auto before = std::chrono::steady_clock::now();
         if (runDialog(command.words, command.input).accepted) return true;
-        if (hasDisplay()) return true;  // closed otherwise
+        if (std::chrono::steady_clock::now() - before > soonerThanAnyUser) return true;  // closed otherwise
     }
     return false;
 }

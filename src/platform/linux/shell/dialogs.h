@@ -9,7 +9,7 @@
 namespace tovera {
 
 /// Whether a display is there that answers.
-bool hasDisplay();
+bool displayAnswers();
 
 /// Shows a text until the user has read it; false where there is no dialog program or no display.
 bool showInDialog(std::u16string_view text, std::u16string_view title);

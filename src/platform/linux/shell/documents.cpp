@@ -60,10 +60,11 @@ bool isFolder(const std::string& path) {
 
 FoundOpener findOpener(std::u16string_view document, std::u16string_view folder) {
     if (!folder.empty() && !isFolder(foundHostPath(folder))) return {findCodes::folderNotFound, {}};
+    if (document.empty()) return {findCodes::fileNotFound, {}};
     const Bstr whole = folder.empty() ? Bstr(document) : join(folder, u"\\", document);
     const auto path = foundHostPath(whole);
     if (path.empty() || !isFolder(folderOf(path))) return {findCodes::folderNotFound, {}};
-    if (document.empty() || !factsOfTarget(path)) return {findCodes::fileNotFound, {}};
+    if (!factsOfTarget(path)) return {findCodes::fileNotFound, {}};
     const auto kind = kindOf(path);
     const auto absolute = path.starts_with('/') ? path : foundHostPath(windowsPath(path));
     if (kind == FileKind::Program) return {found, absolute};

@@ -91,9 +91,9 @@ std::optional<std::string> askPortal(const std::string& title, I4 owner) {
     const std::string token = "tovera";
     const auto request = "/org/freedesktop/portal/desktop/request/" + sender + '/' + token;
     Response response;
-    gio().dbus_connection_signal_subscribe(
-        bus.connection(), "org.freedesktop.portal.Desktop", "org.freedesktop.portal.Request", "Response",
-        request.c_str(), nullptr, G_DBUS_SIGNAL_FLAGS_NONE, take, &response, nullptr);
+    gio().dbus_connection_signal_subscribe(bus.connection(), "org.freedesktop.portal.Desktop",
+                                           "org.freedesktop.portal.Request", "Response", request.c_str(),
+                                           nullptr, G_DBUS_SIGNAL_FLAGS_NONE, take, &response, nullptr);
     const auto parent = owner == 0 ? std::string() : "x11:" + hexadecimal(owner);
     const auto asked = bus.call("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
                                 "org.freedesktop.portal.FileChooser", "OpenFile",
@@ -103,7 +103,7 @@ std::optional<std::string> askPortal(const std::string& title, I4 owner) {
                                                       {"modal", busTruth(true)}})}));
     if (!asked) return std::nullopt;
     constexpr int betweenLooks = 20;  // milliseconds
-    while (!response.isThere && hasDisplay()) {
+    while (!response.isThere && displayAnswers()) {
         loop.iterate();
         pumpHostLoop();
         poll(nullptr, 0, betweenLooks);
@@ -140,8 +140,8 @@ std::string askTerminal(const std::string& title) {
 
 std::string chooseFolder(std::u16string_view title, I4 owner) {
     const auto text = toUtf8(title);
-    auto chosen = hasDisplay() ? askPortal(text, owner) : std::nullopt;
-    if (!chosen) chosen = hasDisplay() ? askProgram(text) : askTerminal(text);
+    auto chosen = displayAnswers() ? askPortal(text, owner) : std::nullopt;
+    if (!chosen) chosen = displayAnswers() ? askProgram(text) : askTerminal(text);
     return isFolder(*chosen) && chosen->starts_with('/') ? *chosen : std::string();
 }
 
