@@ -1,5 +1,6 @@
 #include "language/cls_traduction.h"
 
+#include "frame/file_system.h"
 #include "language/form_texts.h"
 #include "language/language_entry.h"
 #include "language/message_table.h"
@@ -18,11 +19,8 @@ Variant Cls_Traduction::Sauver_LangueFeuille(const ObjectRef& NomForme, Bstr& Fi
 }
 
 Variant Cls_Traduction::Charger_LangueFeuille(const ObjectRef& NomForme, Bstr& Fichier) {
-    const auto fileSystem = platform_.services.createObject(u"Scripting.FileSystemObject");
-    const Conversions convert(platform_.services);
     Bstr message;
-    if (!convert.to<VariantBool>(callMember(fileSystem, u"FileExists", Reference(&Fichier))))
-        message = u"Fichier inexistant.";
+    if (!FileSystem(platform_.services).fileExists(Fichier)) message = u"Fichier inexistant.";
     FailuresIgnored step;
     FormTexts(platform_, NomForme, Fichier).load(step);
     return message;

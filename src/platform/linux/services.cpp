@@ -10,10 +10,13 @@
 #include "platform/linux/files/file_system_object.h"
 #include "platform/linux/regional.h"
 #include "platform/linux/registered_objects.h"
+#include "platform/linux/shell/dialogs.h"
 #include "platform/linux/shell/host_loop.h"
 #include "platform/linux/shell/launch.h"
+#include "platform/linux/terminals_program.h"
 #include "platform/linux/text/code_pages.h"
 #include "platform/linux/text/letter_case.h"
+#include "platform/program_streams.h"
 
 namespace tovera {
 namespace {
@@ -28,7 +31,8 @@ constexpr std::array objectMakers{
     ObjectMaker{u"SCRIPTING.FILESYSTEMOBJECT", makeFileSystemObject},
 };
 
-/// The services of this home: message boxes on standard error, programs started as processes of their own.
+/// The services of this home: message boxes in a dialog of the desktop or on the terminal, programs started
+/// as processes of their own.
 class LinuxServices : public Services {
   public:
     using Services::messageBox;
@@ -44,9 +48,11 @@ class LinuxServices : public Services {
 
 I4 LinuxServices::messageBox(const Bstr& text, I4 /*flags*/, const Bstr& title) {
     constexpr I4 okButton = 1;
+    const bool hasTerminal = isTerminal(StandardStream::Input) && isTerminal(StandardStream::Error);
+    if (!hasTerminal && !isTerminalsProgram() && showInDialog(text, title)) return okButton;
     std::cout.flush();
     std::cerr << '[' << toUtf8(title) << "] " << toUtf8(text) << std::endl;
-    if (isatty(STDIN_FILENO) && isatty(STDERR_FILENO)) {
+    if (hasTerminal) {
         std::string answer;
         std::getline(std::cin, answer);
     }
