@@ -4,6 +4,7 @@
 #include "language/form_texts.h"
 #include "language/language_entry.h"
 #include "language/message_table.h"
+#include "platform/writes_together.h"
 
 namespace tovera {
 
@@ -14,7 +15,8 @@ Variant Cls_Traduction::Sauver_LangueFeuille(const ObjectRef& NomForme, Bstr& Fi
     if (step.error.number == static_cast<I4>(ErrorNumber::PathNotFound))
         message = u"Trop de répertoire à créer.";
     step.error.clear();
-    FormTexts(platform_, NomForme, Fichier).save(step);
+    WritesTogether writes(platform_);
+    FormTexts(writes.platform(), NomForme, Fichier).save(step);
     return message;
 }
 
@@ -27,7 +29,8 @@ Variant Cls_Traduction::Charger_LangueFeuille(const ObjectRef& NomForme, Bstr& F
 }
 
 void Cls_Traduction::Sauver_TousLesMessages(StringArray& tabMessage, Bstr& Fichier) {
-    saveMessages(platform_, tabMessage, Fichier);
+    WritesTogether writes(platform_);
+    saveMessages(writes.platform(), tabMessage, Fichier);
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): published as a parameter by value.
