@@ -24,7 +24,7 @@ struct LinuxShortcuts : ::testing::Test {
         std::ranges::replace(path, '/', '\\');
         return fromUtf8(path);
     }
-    void make(const char16_t* name, const Bstr& target, Bstr arguments, Bstr& place) {
+    void make(Bstr name, Bstr target, Bstr arguments, Bstr& place) {
         Cls_Windows(platform).CreationRaccourci(name, target, arguments, place);
     }
 
