@@ -9,14 +9,14 @@ endif()
 
 # The native home: the library and the program.
 file(GLOB layer CONFIGURE_DEPENDS src/platform/linux/*.cpp src/platform/linux/*/*.cpp)
-add_library(tovera ${logic} ${layer})
+add_library(tovera STATIC ${logic} ${layer})
 add_library(tovera::tovera ALIAS tovera)
 target_link_libraries(tovera PRIVATE $<BUILD_INTERFACE:tovera_options> PUBLIC ${CMAKE_DL_LIBS})
 target_compile_features(tovera PUBLIC cxx_std_20)
 target_include_directories(tovera PUBLIC
     $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/src>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tovera>)
-set_target_properties(tovera PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION 1)
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+
 
 include(Program)
 

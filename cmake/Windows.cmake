@@ -47,7 +47,8 @@ target_compile_definitions(tovera_logic PUBLIC
 
 # What every call runs through is worth its size.
 file(GLOB call_path CONFIGURE_DEPENDS src/frame/*.cpp src/catalogue/*.cpp src/automation/*.cpp
-    src/platform/windows/variants.cpp src/platform/windows/caller_variables.cpp)
+    src/platform/windows/variants.cpp src/platform/windows/incoming_values.cpp
+    src/platform/windows/caller_variables.cpp)
 set_source_files_properties(${call_path} PROPERTIES COMPILE_OPTIONS -O3)
 
 include(TypeLibrary)

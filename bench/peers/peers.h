@@ -52,6 +52,15 @@ inline Loop (*openSslRc4)(std::size_t size) = nullptr;
 inline Loop (*openSslSign)(std::string keyFile) = nullptr;
 inline Loop (*openSslRead)(std::string folder) = nullptr;
 
+/// The C library's look-up of a host's name.
+inline Loop (*resolverByName)(std::string name) = nullptr;
+
+/// The C library's list of interfaces with their addresses.
+inline Loop (*listOfInterfaces)() = nullptr;
+
+/// libcurl: a URL fetched into a file.
+inline Loop (*curlDownload)(std::string url, std::string path) = nullptr;
+
 /// The loop of a peer, or an empty one when it isn't installed.
 template <class... Inputs>
 Loop loopIfInstalled(Loop (*peer)(Inputs...), Inputs... inputs) {

@@ -1,19 +1,25 @@
-// A first use of the component from C++: directly, and by name as a host does it.
+// A first use of the library from C++: a class directly, and by name as a host calls it.
 
-#include <catalogue/catalogue.h>
-#include <conversion/cls_conversion.h>
-#include <frame/utf8.h>
 #include <iostream>
+#include <tovera/tovera.hpp>
 
 int main() {
     tovera::Cls_Conversion conversion;
     conversion.setIntituleMonnaie(u"euro");
-    const auto direct = conversion.ConvertirNombreEnLettre(71, tovera::True);
+    std::cout << conversion.ConvertirNombreEnLettre(71, tovera::True) << '\n';
 
-    const auto object = tovera::createComponent("KADRELDLL.Cls_Conversion");
-    tovera::writeMember(object, u"IntituleMonnaie", u"euro");
-    const auto byName = tovera::callMember(object, u"ConvertirNombreEnLettre", 71.0, tovera::True);
+    const auto date = tovera::createComponent("KADRELDLL.Cls_Date");
+    std::cout << *date.call(u"Chrono", 10, 20).as<tovera::I4>() << '\n';
 
-    std::cout << tovera::toUtf8(direct) << '\n';
-    return byName == tovera::Variant(direct) ? 0 : 1;
+    // A variable by reference takes what the member makes of it.
+    tovera::Variant angle = 10;
+    const auto math = tovera::createComponent("KADRELDLL.Cls_Math");
+    const auto result = math.call(u"MesurePrincipale", tovera::byReference(angle));
+    std::cout << (angle == result ? "the variable has the result" : "the variable differs") << '\n';
+
+    try {
+        date.call(u"DateFRtoUS", true, std::u16string(u"one too many"));
+    } catch (const tovera::AutomationError& error) {
+        std::cout << error.number() << ": " << error.description() << '\n';
+    }
 }

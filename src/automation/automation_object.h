@@ -8,9 +8,6 @@ namespace tovera {
 
 using Slot = void (*)();
 
-/// The standard slots of a dual interface: three of `IUnknown` and four of `IDispatch`.
-inline constexpr std::size_t standardSlots = 7;
-
 /// What the shell needs to know of a class: its identities, and the slots of its dual interface.
 struct PublishedClass {
     const ClassDescription& (*description)();
@@ -28,9 +25,6 @@ struct DualInterface {
     const Slot* slots;
     AutomationObject* object;
 };
-
-/// The first entries of the slots of every class.
-std::array<Slot, standardSlots> standardSlotFunctions();
 
 /// An object of the component as Automation clients reach it.
 class AutomationObject : public ComponentObject,

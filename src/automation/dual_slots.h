@@ -4,6 +4,7 @@
 
 #include "automation/dispatch_call.h"
 #include "automation/failures.h"
+#include "automation/standard_slots.h"
 
 // The slots of a dual interface, one function for each row of the class table, in the calling convention and
 // with the types that the published interface gives it.

@@ -4,7 +4,7 @@
 
 #include "frame/class_table.h"
 #include "platform/windows/com_pointer.h"
-#include "platform/windows/variants.h"
+#include "platform/windows/texts.h"
 
 namespace tovera {
 namespace {

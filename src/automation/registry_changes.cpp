@@ -72,8 +72,8 @@ LSTATUS removeEntry(HKEY root, const RegistryEntry& entry) {
     return RegDeleteKeyW(root, entry.key.c_str());
 }
 
-bool hasKey(HKEY root, const std::wstring& key) {
-    return static_cast<bool>(RegistryKey::open(root, key, KEY_READ));
+bool hasKey(HKEY root, const std::wstring& key, REGSAM view) {
+    return static_cast<bool>(RegistryKey::open(root, key, KEY_READ | view));
 }
 
 }  // namespace tovera

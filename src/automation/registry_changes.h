@@ -41,7 +41,7 @@ class RegistryChanges {
 /// Removes a text, and its key once that is empty. One that isn't there is no failure.
 LSTATUS removeEntry(HKEY root, const RegistryEntry& entry);
 
-/// Whether a key is there.
-bool hasKey(HKEY root, const std::wstring& key);
+/// Whether a key is there, in the view of this bitness or, with its flag, in another.
+bool hasKey(HKEY root, const std::wstring& key, REGSAM view = 0);
 
 }  // namespace tovera

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "catalogue/catalogue.h"
+#include "cli/console.h"
 #include "cli/known_names.h"
-#include "cli/program.h"
 #include "cli/program_services.h"
 #include "cli/runner.h"
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "frame/ascii_case.h"
 #include "frame/date_time.h"
 #include "frame/error.h"
 #include "frame/number_text.h"
@@ -19,8 +20,7 @@ bool isDigit(char16_t c) {
 }
 
 bool beginsName(char16_t c) {
-    const auto lower = c | 0x20;
-    return (lower >= u'a' && lower <= u'z') || c == u'_' || c >= 0xC0;
+    return isAsciiLetter(c) || c == u'_' || c >= 0xC0;
 }
 
 bool beginsNumber(char16_t c) {

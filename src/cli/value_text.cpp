@@ -27,6 +27,10 @@ std::string text(R8 number) {
     return toUtf8(numberToText(number));
 }
 
+std::string text(const ExactNumber& number) {
+    return toUtf8(numberToText(number));
+}
+
 std::string text(VariantBool truth) {
     return truth ? "True" : "False";
 }

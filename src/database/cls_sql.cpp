@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "database/data_source.h"
+#include "frame/file_system.h"
 #include "platform/odbc32.h"
 
 namespace tovera {
@@ -66,9 +67,7 @@ Bstr Cls_SQL::VerifierLienODBC(const Bstr& lien) {
 }
 
 Variant Cls_SQL::Creer_ODBC_Access(Bstr& DBFichier, Bstr& LienODBC) {
-    const auto fileSystem = platform_.services.createObject(u"Scripting.FileSystemObject");
-    const auto exists = callMember(fileSystem, u"FileExists", Reference(&DBFichier));
-    if (!Conversions(platform_.services).to<VariantBool>(exists)) return u"Fichier inexistant.";
+    if (!FileSystem(platform_.services).fileExists(DBFichier)) return u"Fichier inexistant.";
     auto result = VerifierLienODBC(LienODBC);
     if (!result.empty()) return result;
     DataSource(platform_, DBFichier, LienODBC).declare();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/writes_together.h"
 #include "registry/cls_initreg.h"
 
 namespace tovera {
@@ -8,7 +9,8 @@ namespace tovera {
 /// Nothing is told of writes that fail.
 class DataSource {
   public:
-    DataSource(Platform& platform, Bstr& file, Bstr& name) : registry_(platform), file_(file), name_(name) {}
+    DataSource(Platform& platform, Bstr& file, Bstr& name)
+        : writes_(platform), registry_(writes_.platform()), file_(file), name_(name) {}
 
     void declare();
 
@@ -25,6 +27,7 @@ class DataSource {
     void writeText(Bstr key, Bstr valueName, std::u16string_view text);
     void writeNumber(Bstr key, Bstr valueName, I4 number);
 
+    WritesTogether writes_;
     Cls_InitREG registry_;
     Bstr& file_;
     Bstr& name_;

@@ -1,5 +1,6 @@
 #include "frame/conversions.h"
 
+#include "frame/ascii_case.h"
 #include "frame/checked.h"
 #include "frame/date_time.h"
 #include "frame/number_text.h"
@@ -16,15 +17,6 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 
 [[noreturn]] void mismatch() {
     raise(ErrorNumber::TypeMismatch);
-}
-
-/// Letters without regard to case, ASCII only.
-bool sameWord(std::u16string_view a, std::u16string_view lower) {
-    if (a.size() != lower.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if ((a[i] | 0x20) != lower[i]) return false;
-    }
-    return true;
 }
 
 /// What an object stands for. One that tells nothing, or another object, stands for no value.
@@ -45,6 +37,7 @@ R8 Conversions::number(const Variant& value) const {
                           [](Null) -> R8 { raise(ErrorNumber::InvalidNull); },
                           [](VariantBool truth) -> R8 { return truth.raw; },
                           [](Date date) -> R8 { return date.days; },
+                          [](const ExactNumber& exact) -> R8 { return nearest(exact); },
                           [this](const Bstr& text) -> R8 {
                               const auto parsed = wholeNumber(text, services_->regionalSettings());
                               if (!parsed) mismatch();
@@ -71,8 +64,8 @@ Integer Conversions::integer(const Variant& value) const {
 
 VariantBool Conversions::truth(const Variant& value) const {
     if (const auto* text = value.as<Bstr>()) {
-        if (sameWord(*text, u"true") || sameWord(*text, u"vrai")) return True;
-        if (sameWord(*text, u"false") || sameWord(*text, u"faux")) return False;
+        if (isWord(text->view(), u"true") || isWord(text->view(), u"vrai")) return True;
+        if (isWord(text->view(), u"false") || isWord(text->view(), u"faux")) return False;
     }
     return VariantBool(number(value) != 0);
 }
@@ -97,6 +90,7 @@ Bstr Conversions::text(const Variant& value) const {
             [this](Date date) -> Bstr { return dateToText(date, services_->regionalSettings()); },
             [&](R4 number) -> Bstr { return numberToText(number, separator()); },
             [&](R8 number) -> Bstr { return numberToText(number, separator()); },
+            [&](const ExactNumber& number) -> Bstr { return numberToText(number, separator()); },
             []<class T>(const T& other) -> Bstr {
                 if constexpr (std::is_integral_v<T>) {
                     return numberToText(I4{other});

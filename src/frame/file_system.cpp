@@ -4,9 +4,6 @@
 
 namespace tovera {
 
-FileSystem::FileSystem(Services& services)
-    : services_(services), object_(services.createObject(u"Scripting.FileSystemObject")) {}
-
 bool FileSystem::ask(std::u16string_view question, Bstr& path) const {
     const auto answer = callMember(object_, question, Reference(&path));
     return static_cast<bool>(Conversions(services_).to<VariantBool>(answer));

@@ -10,7 +10,12 @@ namespace tovera {
 class FileSystem {
   public:
     /// Error 429 where it can't be created.
-    explicit FileSystem(Services& services);
+    explicit FileSystem(Services& services) : FileSystem(services, create(services)) {}
+    /// On an object that has been created; with nothing, each operation raises error 91.
+    FileSystem(Services& services, ObjectRef object) : services_(services), object_(std::move(object)) {}
+    static ObjectRef create(Services& services) {
+        return services.createObject(u"Scripting.FileSystemObject");
+    }
 
     bool fileExists(Bstr& path) const;
     bool folderExists(Bstr& path) const;

@@ -4,12 +4,10 @@
 #include <cstring>
 #include <iterator>
 
+#include "frame/ascii_case.h"
+
 namespace tovera {
 namespace {
-
-constexpr char16_t lower(char16_t c) {
-    return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c | 0x20) : c;
-}
 
 /// Length, ends and middle tell the names of a class apart well enough.
 std::uint8_t placeOf(std::u16string_view name) {
@@ -26,7 +24,7 @@ bool same(std::u16string_view a, std::u16string_view b) {
 }
 
 bool sameInLowerCase(std::u16string_view name, std::u16string_view lowerName) {
-    return std::ranges::equal(name, lowerName, {}, lower);
+    return isWord(name, lowerName);
 }
 
 }  // namespace
@@ -34,7 +32,8 @@ bool sameInLowerCase(std::u16string_view name, std::u16string_view lowerName) {
 void NameIndex::add(std::string_view name, std::uint8_t number) {
     Entry entry{{name.begin(), name.end()}, {}, number};
     if (find(entry.name)) return;
-    std::ranges::transform(entry.name, std::back_inserter(entry.lower), lower);
+    std::ranges::transform(entry.name, std::back_inserter(entry.lower),
+                           [](char16_t c) { return smallAscii(c); });
     auto place = placeOf(entry.name);
     while (slots_[place] != 0) ++place;
     entries_.push_back(std::move(entry));

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include "frame/ascii_case.h"
 #include "frame/bstr.h"
 #include "frame/error.h"
 
@@ -35,6 +36,30 @@ std::u16string significantDigits(T value, int digits, char16_t decimalSeparator)
         if (c == u'.') c = decimalSeparator;
     }
     return text == u"-0" ? u"0" : text;
+}
+
+/// The digits of an exact number, with a point when there are decimals.
+std::string digitsOf(const ExactNumber& value) {
+    std::array<std::uint32_t, 3> parts{value.high, static_cast<std::uint32_t>(value.low >> 32),
+                                       static_cast<std::uint32_t>(value.low)};
+    std::string digits;  // the last one first
+    while (std::ranges::any_of(parts, [](auto part) { return part != 0; }) ||
+           digits.size() <= value.decimals) {
+        std::uint64_t rest = 0;
+        for (auto& part : parts) {
+            rest = rest << 32 | part;
+            part = static_cast<std::uint32_t>(rest / 10);
+            rest %= 10;
+        }
+        digits += static_cast<char>('0' + rest);
+    }
+    const auto zeros = std::min(digits.find_first_not_of('0'), std::size_t{value.decimals});
+    const std::size_t decimals = value.decimals - zeros;
+    digits.erase(0, zeros);
+    if (decimals > 0) digits.insert(decimals, 1, '.');
+    if (value.isNegative && digits != "0") digits += '-';
+    std::ranges::reverse(digits);
+    return digits;
 }
 
 /// Reads a number's characters one by one into the form that `std::from_chars` takes.
@@ -129,12 +154,12 @@ class NumberReader {
 };
 
 std::optional<R8> hexadecimal(std::u16string_view text) {
-    if (text.size() < 3 || text.size() > 10 || text[0] != u'&' || (text[1] | 0x20) != u'h') return {};
+    if (text.size() < 3 || text.size() > 10 || text[0] != u'&' || smallAscii(text[1]) != u'h') return {};
     const auto digits = text.substr(2);
     constexpr std::u16string_view values = u"0123456789abcdef";
     std::uint32_t bits = 0;
     for (const auto c : digits) {
-        const auto value = values.find(isDigit(c) ? c : static_cast<char16_t>(c | 0x20));
+        const auto value = values.find(smallAscii(c));
         if (value == values.npos) return {};
         bits = bits * 16 + static_cast<std::uint32_t>(value);
     }
@@ -155,6 +180,20 @@ std::u16string numberToText(I4 value) {
     std::array<char, 12> buffer{};
     const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
     return {buffer.data(), end};
+}
+
+std::u16string numberToText(const ExactNumber& value, char16_t decimalSeparator) {
+    const auto digits = digitsOf(value);
+    std::u16string text(digits.begin(), digits.end());
+    std::ranges::replace(text, u'.', decimalSeparator);
+    return text;
+}
+
+R8 nearest(const ExactNumber& value) {
+    const auto digits = digitsOf(value);
+    R8 number = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return number;
 }
 
 R8 prefixNumber(std::u16string_view text) {

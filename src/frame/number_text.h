@@ -14,6 +14,11 @@ namespace tovera {
 std::u16string numberToText(R8 value, char16_t decimalSeparator = u'.');
 std::u16string numberToText(R4 value, char16_t decimalSeparator = u'.');
 std::u16string numberToText(I4 value);
+/// All digits, without an exponent and without zeros at the end of the decimals.
+std::u16string numberToText(const ExactNumber& value, char16_t decimalSeparator = u'.');
+
+/// The nearest number to an exact one.
+R8 nearest(const ExactNumber& value);
 
 /// Prefix-number parsing, the same in every locale: blanks are skipped, then a sign, digits with a point and
 /// an exponent are read as far as they go. It never fails: without a number it gives 0, beyond the range of

@@ -116,4 +116,18 @@ Variant callMember(const ObjectRef& object, std::u16string_view name, Arguments&
 Variant readMember(const ObjectRef& object, std::u16string_view name);
 void writeMember(const ObjectRef& object, std::u16string_view name, Variant value);
 
+template <class... Arguments>
+Variant ObjectRef::call(std::u16string_view name, Arguments&&... arguments) const {
+    return callMember(*this, name, std::forward<Arguments>(arguments)...);
+}
+
+inline Variant ObjectRef::get(std::u16string_view name) const {
+    return readMember(*this, name);
+}
+
+template <class V>
+void ObjectRef::set(std::u16string_view name, V&& value) const {
+    writeMember(*this, name, Variant(std::forward<V>(value)));
+}
+
 }  // namespace tovera

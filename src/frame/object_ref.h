@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 #include <utility>
 
 namespace tovera {
 
 class Object;
+class Variant;
 
 /// Counted reference to a late-bound object; may be nothing.
 class ObjectRef {
@@ -30,6 +32,15 @@ class ObjectRef {
         reference.object_ = object;
         return reference;
     }
+
+    /// Calls a member, or reads a property, by its name; see `invokeMember` for the errors that it raises. A
+    /// variable goes by reference as `byReference(variable)`. These are defined in `frame/object.h`.
+    template <class... Arguments>
+    Variant call(std::u16string_view name, Arguments&&... arguments) const;
+    /// Reads a property, and writes one.
+    Variant get(std::u16string_view name) const;
+    template <class V>
+    void set(std::u16string_view name, V&& value) const;
 
     explicit operator bool() const { return object_ != nullptr; }
     Object* get() const { return object_; }

@@ -109,6 +109,38 @@ class WritableBound : public Bound<T> {
     T before_;
 };
 
+/// A `VARIANT` that refers to a variable of another type goes on with its reference: what the member stores
+/// through it (`Conversions::store`) takes that type at once, and is what the member reads next. A variable
+/// that holds an object keeps it here as well.
+template <>
+class WritableBound<Variant> {
+  public:
+    WritableBound(Variant& argument, const Conversions&) : variable_(&endOfReferences(argument)) {
+        const auto* const reference = variable_->as<Reference>();
+        if (!reference) return;
+        if (std::holds_alternative<ObjectRef*>(*reference)) {
+            copy_ = dereferenced(*variable_);
+            variable_ = &copy_;
+        } else {
+            through_ = *reference;
+        }
+    }
+
+    Variant& variable() { return *variable_; }
+
+    /// A member may also have put a value in the place of the reference.
+    void writeBack(const Conversions& convert) {
+        if (!through_ || *variable_ == Variant(*through_)) return;
+        const Variant assigned = std::exchange(*variable_, Variant(*through_));
+        convert.store(*through_, assigned);
+    }
+
+  private:
+    Variant* variable_;
+    Variant copy_;
+    std::optional<Reference> through_;
+};
+
 /// Whether the caller has left an argument out, or passes on a variable that stands for one left out.
 inline bool isLeftOut(Variant* argument) {
     return !argument || endOfReferences(*argument).isMissing();

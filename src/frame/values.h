@@ -40,6 +40,16 @@ struct Date {
     friend constexpr auto operator<=>(Date, Date) = default;
 };
 
+/// A number of up to 96 bits, the last digits of which are decimals: what a 64-bit integer, a Currency or a
+/// Decimal of a caller holds. It calculates as `R8`, and its text has all of its digits.
+struct ExactNumber {
+    std::uint64_t low = 0;
+    std::uint32_t high = 0;
+    std::uint8_t decimals = 0;
+    bool isNegative = false;
+    friend constexpr bool operator==(const ExactNumber&, const ExactNumber&) = default;
+};
+
 /// An Automation status code carried as a value, as an omitted argument is.
 struct ErrorCode {
     I4 code = 0;

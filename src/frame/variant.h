@@ -1,6 +1,9 @@
 #pragma once
 
 #include <concepts>
+#include <string>
+#include <string_view>
+#include <utility>
 #include <variant>
 
 #include "frame/bstr.h"
@@ -36,13 +39,22 @@ struct IsAlternativeOf<T, std::variant<Alternatives...>>
 class Variant {
   public:
     using Value = std::variant<Empty, Null, I2, I4, R4, R8, Date, Bstr, ObjectRef, ErrorCode, VariantBool,
-                               UI1, StringArray, Reference>;
+                               UI1, ExactNumber, StringArray, Reference>;
 
     Variant() = default;
     template <class T>
     requires IsAlternativeOf<std::remove_cvref_t<T>, Value>::value Variant(T&& value)
         : value_(std::forward<T>(value)) {}
     Variant(const char16_t* text) : value_(Bstr(text)) {}
+    Variant(const std::u16string& text) : value_(Bstr(text)) {}
+    Variant(std::u16string_view text) : value_(Bstr(text)) {}
+    template <std::same_as<bool> T>
+    Variant(T truth) : value_(VariantBool(truth)) {}
+    /// The integers of C++ that Automation has not: `I4` where that holds the number, else all of its digits.
+    template <std::integral T>
+    requires(!IsAlternativeOf<T, Value>::value && !std::same_as<T, bool> && sizeof(T) >= sizeof(I4))
+        Variant(T number)
+        : value_(std::in_range<I4>(number) ? Value(static_cast<I4>(number)) : Value(exactNumberOf(number))) {}
     template <class T>
     requires IsAlternativeOf<std::remove_cvref_t<T>, Value>::value Variant& operator=(T&& value) {
         value_ = std::forward<T>(value);
@@ -70,7 +82,8 @@ class Variant {
         return error && *error == missingCode;
     }
     bool isNumber() const {
-        return is<I2>() || is<I4>() || is<R4>() || is<R8>() || is<UI1>() || is<VariantBool>() || is<Date>();
+        return is<I2>() || is<I4>() || is<R4>() || is<R8>() || is<UI1>() || is<VariantBool>() || is<Date>() ||
+               is<ExactNumber>();
     }
 
     const Value& value() const { return value_; }
@@ -78,10 +91,24 @@ class Variant {
     friend bool operator==(const Variant&, const Variant&) = default;
 
   private:
+    template <std::integral T>
+    static constexpr ExactNumber exactNumberOf(T number) {
+        const auto bits = static_cast<std::uint64_t>(number);
+        const bool isNegative = std::cmp_less(number, 0);
+        return {isNegative ? 0 - bits : bits, 0, 0, isNegative};
+    }
+
     static constexpr ErrorCode missingCode{static_cast<I4>(0x80020004U)};
 
     Value value_;
 };
+
+/// A variable of the caller that a member reads and writes: `object.call(u"MesurePrincipale",
+/// byReference(angle))`.
+template <class T>
+Variant byReference(T& variable) {
+    return Reference(&variable);
+}
 
 /// What the value stands for once references to other variables have been followed. A chain of references
 /// that leads back to itself raises error 13.

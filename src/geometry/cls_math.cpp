@@ -27,6 +27,20 @@ R4 searchGrid(const Variant& argument, const Conversions& convert, Function func
     return 0;
 }
 
+/// The type of the caller's variable, in which each step of a reduction is stored; a `VARIANT` takes `R8`.
+VariableType typeOfVariable(Variant& variable) {
+    const auto* const reference = endOfReferences(variable).as<Reference>();
+    if (!reference) return VariableType::R8;
+    return std::visit(
+        []<class T>(T*) {
+            if constexpr (std::is_integral_v<T>) return VariableType::Integer;
+            if constexpr (std::is_same_v<T, R4>) return VariableType::R4;
+            if constexpr (std::is_same_v<T, R8> || std::is_same_v<T, Date>) return VariableType::R8;
+            return VariableType::Text;
+        },
+        *reference);
+}
+
 R8 distance(R8 dx, R8 dy) {
     return std::sqrt(checkedFloat(dx * dx + dy * dy));
 }
@@ -34,13 +48,15 @@ R8 distance(R8 dx, R8 dy) {
 }  // namespace
 
 R4 Cls_Math::MesurePrincipale(Variant& Angle) {
-    const Arithmetic arithmetic(platform_.services);
-    const auto& convert = arithmetic.convert();
-    if (arithmetic.compareToNumber(Angle, Pi) > 0) {
-        convert.store(&Angle, withoutTurns(checkedFloat(convert.to<R8>(Angle))));
-    } else if (arithmetic.compareToNumber(Angle, -Pi) < 0) {
-        convert.store(&Angle, -withoutTurns(-checkedFloat(convert.to<R8>(Angle))));
-    }
+    const Conversions convert(platform_.services);
+    const auto type = typeOfVariable(Angle);
+    const auto current = [&] { return convert.to<R8>(Angle); };
+    const auto next = [&](R8 angle) {
+        checkedFloat(angle);
+        return type == VariableType::R8 ? withoutTurns(angle) : lessTurns(angle, type);
+    };
+    for (R8 angle = current(); angle > Pi; angle = current()) convert.store(&Angle, next(angle));
+    for (R8 angle = current(); angle < -Pi; angle = current()) convert.store(&Angle, -next(-angle));
     return convert.to<R4>(Angle);
 }
 

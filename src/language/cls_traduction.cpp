@@ -1,8 +1,10 @@
 #include "language/cls_traduction.h"
 
+#include "frame/file_system.h"
 #include "language/form_texts.h"
 #include "language/language_entry.h"
 #include "language/message_table.h"
+#include "platform/writes_together.h"
 
 namespace tovera {
 
@@ -13,23 +15,22 @@ Variant Cls_Traduction::Sauver_LangueFeuille(const ObjectRef& NomForme, Bstr& Fi
     if (step.error.number == static_cast<I4>(ErrorNumber::PathNotFound))
         message = u"Trop de répertoire à créer.";
     step.error.clear();
-    FormTexts(platform_, NomForme, Fichier).save(step);
+    WritesTogether writes(platform_);
+    FormTexts(writes.platform(), NomForme, Fichier).save(step);
     return message;
 }
 
 Variant Cls_Traduction::Charger_LangueFeuille(const ObjectRef& NomForme, Bstr& Fichier) {
-    const auto fileSystem = platform_.services.createObject(u"Scripting.FileSystemObject");
-    const Conversions convert(platform_.services);
     Bstr message;
-    if (!convert.to<VariantBool>(callMember(fileSystem, u"FileExists", Reference(&Fichier))))
-        message = u"Fichier inexistant.";
+    if (!FileSystem(platform_.services).fileExists(Fichier)) message = u"Fichier inexistant.";
     FailuresIgnored step;
     FormTexts(platform_, NomForme, Fichier).load(step);
     return message;
 }
 
 void Cls_Traduction::Sauver_TousLesMessages(StringArray& tabMessage, Bstr& Fichier) {
-    saveMessages(platform_, tabMessage, Fichier);
+    WritesTogether writes(platform_);
+    saveMessages(writes.platform(), tabMessage, Fichier);
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): published as a parameter by value.

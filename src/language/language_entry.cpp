@@ -1,5 +1,7 @@
 #include "language/language_entry.h"
 
+#include "frame/file_system.h"
+
 namespace tovera {
 namespace {
 
@@ -17,18 +19,15 @@ Bstr LireEntreeLangue(Platform& platform, Bstr file, Bstr section, Bstr key, Bst
 }
 
 void createMissingFolder(FailuresIgnored& step, Services& services, Bstr& file) {
-    const Conversions convert(services);
-    ObjectRef fileSystem;
+    ObjectRef object;
     Bstr folder;
-    VariantBool exists = False;
-    step([&] { fileSystem = services.createObject(u"Scripting.FileSystemObject"); });
-    step(
-        [&] { folder = convert.to<Bstr>(callMember(fileSystem, u"getParentFolderName", Reference(&file))); });
-    step([&] {
-        exists = convert.to<VariantBool>(callMember(fileSystem, u"FolderExists", Reference(&folder)));
-    });
+    bool exists = false;
+    step([&] { object = FileSystem::create(services); });
+    const FileSystem fileSystem(services, object);
+    step([&] { folder = fileSystem.parentFolderName(file); });
+    step([&] { exists = fileSystem.folderExists(folder); });
     if (exists) return;
-    step([&] { callMember(fileSystem, u"CreateFolder", Reference(&folder)); });
+    step([&] { fileSystem.createFolder(folder); });
     if (step.error.number == systemPathNotFound)
         step.error.number = static_cast<I4>(ErrorNumber::PathNotFound);
 }

@@ -1,3 +1,4 @@
+#include "frame/ascii_case.h"
 #include "frame/checked.h"
 #include "multimedia/cls_multimedia.h"
 #include "platform/files.h"
@@ -9,11 +10,7 @@ namespace {
 constexpr I4 rateOffset = 25;
 
 bool isNamedWav(std::u16string_view path) {
-    const auto ending = right(path, 3);
-    const auto is = [&](std::size_t place, char16_t capital) {
-        return ending[place] == capital || ending[place] == (capital | 0x20);
-    };
-    return ending.size() == 3 && is(0, u'W') && is(1, u'A') && is(2, u'V');
+    return isWord(right(path, 3), u"wav");
 }
 
 I2 pixels(I4 twips, I4 twipsPerPixel) {

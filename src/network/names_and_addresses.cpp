@@ -24,14 +24,24 @@ UI1 HighByteOf(I4 value) {
     return static_cast<UI1>(value >> 8);
 }
 
+/// A byte as an unsigned decimal number, behind what has been written.
+char16_t* writeDecimal(char16_t* end, UI1 byte) {
+    if (byte >= 100) *end++ = static_cast<char16_t>(u'0' + byte / 100);
+    if (byte >= 10) *end++ = static_cast<char16_t>(u'0' + byte / 10 % 10);
+    *end++ = static_cast<char16_t>(u'0' + byte % 10);
+    return end;
+}
+
 /// The bytes of an address as unsigned decimal numbers with points between them.
 Bstr dotted(std::string_view bytes) {
-    std::u16string text;
-    for (const char byte : bytes) {
-        if (!text.empty()) text += u'.';
-        text += numberToText(I4{static_cast<UI1>(byte)});
-    }
-    return text;
+    constexpr std::size_t longest = 4;  // of a number and its point
+    return Bstr::written(longest * bytes.size(), [&](char16_t* end) {
+        for (std::size_t i = 0; i < bytes.size(); ++i) {
+            if (i > 0) *end++ = u'.';
+            end = writeDecimal(end, static_cast<UI1>(bytes[i]));
+        }
+        return end;
+    });
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "frame/crossing.h"
 #include "platform/port.h"
 
@@ -30,6 +32,10 @@ struct Profiles : Port<Profiles> {
                                  AnsiText& buffer) {
         return missingEntryPoint(section, key, defaultValue, buffer);
     }
+
+    /// A twin that keeps the writes to entries until its end, when they reach the disk together. Each of them
+    /// succeeds at once; what fails at the end isn't told. None where single writes cost next to nothing.
+    virtual std::unique_ptr<Profiles> keepingWrites() { return nullptr; }
 };
 
 Profiles& homeProfiles();

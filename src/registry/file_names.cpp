@@ -1,5 +1,6 @@
 #include "platform/file_names.h"
 
+#include "frame/file_system.h"
 #include "platform/files.h"
 #include "registry/cls_initreg.h"
 
@@ -7,13 +8,6 @@ namespace tovera {
 namespace {
 
 constexpr std::size_t bufferLength = 255;
-
-/// What a file system object that is made for this one question answers.
-VariantBool askFileSystem(Services& services, std::u16string_view question, Bstr& path) {
-    const auto fileSystem = services.createObject(u"Scripting.FileSystemObject");
-    const auto answer = callMember(fileSystem, question, Reference(&path));
-    return VariantBool(static_cast<bool>(Conversions(services).to<VariantBool>(answer)));
-}
 
 /// The form of a name that an entry point gives.
 Bstr formOf(const Platform& platform, Bstr& name, I4 (FileNames::*entryPoint)(const AnsiText&, AnsiText&)) {
@@ -25,11 +19,11 @@ Bstr formOf(const Platform& platform, Bstr& name, I4 (FileNames::*entryPoint)(co
 }  // namespace
 
 VariantBool Cls_InitREG::FichierExiste(Bstr& strCheminFichier) {
-    return askFileSystem(platform_.services, u"FileExists", strCheminFichier);
+    return VariantBool(FileSystem(platform_.services).fileExists(strCheminFichier));
 }
 
 VariantBool Cls_InitREG::DossierExiste(Bstr& strCheminDossier) {
-    return askFileSystem(platform_.services, u"FolderExists", strCheminDossier);
+    return VariantBool(FileSystem(platform_.services).folderExists(strCheminDossier));
 }
 
 Bstr Cls_InitREG::GET_NomLong(Bstr sShortFileName) {

@@ -27,6 +27,7 @@ Variant outcomeOf(Operation operation, const Arguments&... arguments) {
 
 TEST(Conversions, OfEveryType) {
     using Convert = Variant (*)(const Conversions& convert, const Variant& value);
+    constexpr ExactNumber largest{~0ULL, ~0U, 0, true}, tiny{~0ULL, ~0U, 28};
     const std::tuple<Variant, Convert, Variant> rows[] = {
         // clang-format off
         {R8{2.5}, to<I2>, I2{2}}, {R8{3.5}, to<I2>, I2{4}}, {R8{-2.5}, to<I4>, I4{-2}},
@@ -45,6 +46,13 @@ TEST(Conversions, OfEveryType) {
         {R8{0.1 + 0.2}, to<Bstr>, u"0.3"}, {R8{999999999999999}, to<Bstr>, u"999999999999999"},
         {R8{-1e15}, to<Bstr>, u"-1E+15"}, {R8{0.00001}, to<Bstr>, u"1E-05"}, {R4{0.1F}, to<Bstr>, u"0.1"},
         {R4{12345678}, to<Bstr>, u"1.234568E+07"}, {I4{-2147483647 - 1}, to<Bstr>, u"-2147483648"},
+        {largest, to<Bstr>, u"-79228162514264337593543950335"}, {largest, to<R8>, R8{-79228162514264337593543950335.0}},
+        {tiny, to<Bstr>, u"7.9228162514264337593543950335"}, {ExactNumber{5, 0, 28}, to<R8>, R8{5e-28}},
+        {ExactNumber{9223372036854775807U, 0, 4, true}, to<Bstr>, u"-922337203685477.5807"},
+        {ExactNumber{18446744073709551615U}, to<Bstr>, u"18446744073709551615"},
+        {ExactNumber{125000, 0, 4}, to<Bstr>, u"12.5"}, {ExactNumber{1200, 0, 2}, to<Bstr>, u"12"},
+        {ExactNumber{0, 0, 4, true}, to<Bstr>, u"0"}, {ExactNumber{25000, 0, 4}, to<I2>, I2{2}},
+        {ExactNumber{18446744073709551615U}, to<I4>, ErrorCode{6}}, {ExactNumber{1}, to<VariantBool>, True},
         // clang-format on
     };
     TestServices services;

@@ -8,12 +8,10 @@
 #include "conversion/french_words.h"
 #include "frame/date_time.h"
 #include "frame/utf8.h"
+#include "fuzz/network_harnesses.h"
 #include "support/test_platform.h"
 
 namespace tovera::fuzz {
-
-/// The bytes of one fuzzed input.
-using Input = std::string_view;
 
 /// Takes a number from the front of an input; when its bytes run out the rest is 0.
 template <class Number>
@@ -21,13 +19,6 @@ Number take(Input& input) {
     Number value{};
     input.remove_prefix(input.copy(reinterpret_cast<char*>(&value), sizeof value));
     return value;
-}
-
-/// Ends the process when a property doesn't hold, so that a fuzzer keeps the input.
-inline void require(bool holds, const char* property) {
-    if (holds) return;
-    std::cerr << "broken property: " << property << std::endl;
-    std::abort();
 }
 
 inline RegionalSettings anySettings(Input& input) {
@@ -93,6 +84,8 @@ inline constexpr Harness harnesses[] = {
     {"date", &datesInText, "0123456789//--..:: "},
     {"step", &stepTexts, "ab(=,)\"#[[..]]01299E -:TrueNothingEmptyNullFalse\xC3\xA9"},
     {"utf8", &utf8Texts, "a\x80\xBF\xC3\xE2\x82\xAC\xED\xA0\xF0\x9F\x98\xF4\x90"},
+    {"resolv", &linesOfServers, "nameserver nameserver 1.0.255#\n\r\t;:"},
+    {"url", &urlsOfFiles, "file:file:///\\%%41%C3c:|localhost?#+."},
 };
 
 }  // namespace tovera::fuzz

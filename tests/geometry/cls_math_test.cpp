@@ -80,6 +80,59 @@ TEST_F(ClsMath, TheReducedAngleIsInTheCallersVariable) {
     }
 }
 
+/// Turn after turn in a variable of a type that rounds each of them.
+template <class T>
+T reducedIn(T angle) {
+    const auto rounded = [](R8 value) {
+        return static_cast<T>(std::is_integral_v<T> ? std::nearbyint(value) : value);
+    };
+    while (angle > pi) angle = rounded(angle - 2 * pi);
+    while (angle < -pi) angle = rounded(angle + 2 * pi);
+    return angle;
+}
+
+TEST_F(ClsMath, VariablesOfOtherTypesRoundEachTurn) {
+    const auto reduce = [&]<class T>(T& variable) {
+        return *callMember(objectOn<Cls_Math>(test.platform), u"MesurePrincipale", Reference{&variable})
+                    .template as<R4>();
+    };
+    const auto expectStepwise = [&]<class T>(T angle) {
+        T variable = angle;
+        const R4 result = reduce(variable);
+        ASSERT_EQ(variable, reducedIn(angle)) << ::testing::PrintToString(angle);
+        ASSERT_EQ(result, static_cast<R4>(variable));
+    };
+    R4 hundred = 100;
+    I2 ten = 10;
+    EXPECT_EQ(reduce(hundred), -0.4799898F);
+    EXPECT_EQ(hundred, -0.4799898F);
+    EXPECT_EQ(reduce(ten), -2);
+    std::mt19937 random(314);
+    std::uniform_real_distribution<R4> mantissa(1, 2);
+    for (int exponent = 0; exponent <= 24; ++exponent) {
+        for (int i = 0; i < (exponent < 16 ? 100 : 2); ++i) {
+            expectStepwise(std::ldexp(mantissa(random), exponent));
+            expectStepwise(-std::ldexp(mantissa(random), exponent));
+        }
+    }
+    for (I2 angle = -999; angle < 1000; ++angle) expectStepwise(angle);
+    for (I4 angle : {100'000'000, -100'000'000, 99'999'999}) expectStepwise(angle);
+    for (R4 angle = 1e8F; angle < 1e37F; angle *= 7) {  // where the steps would not end at all
+        R4 variable = angle;
+        reduce(variable);
+        ASSERT_LE(std::fabs(variable), pi) << angle;
+    }
+    I4 largest = std::numeric_limits<I4>::max();
+    EXPECT_EQ(reduce(largest), 1);
+    UI1 noRoom = 10;
+    EXPECT_EQ(errorOf([&] { reduce(noRoom); }), 6);
+    EXPECT_EQ(noRoom, 4);
+    Bstr text = u"100", huge = u"1E+300";
+    EXPECT_EQ(reduce(text), -0.48F);
+    EXPECT_EQ(text, u"-0.48");
+    EXPECT_LE(std::fabs(reduce(huge)), 3.14F);
+}
+
 /// The first grid angle whose band holds x, searched as it is defined.
 R4 searched(R8 x, R8 (*function)(R8)) {
     for (R8 i = 0; i <= 2 * pi; i += pi / 100) {

@@ -8,22 +8,18 @@
 #include "catalogue/catalogue.h"
 #include "catalogue/identities.h"
 #include "catalogue/library_facts.h"
+#include "catalogue/signature.h"
 #include "frame/records.h"
 #include "frame/utf8.h"
 
 namespace tovera::tools {
 namespace {
 
+/// A type in the words of the interface language, which has its own for numbers and objects.
 std::string_view idlType(Type type) {
     switch (type) {
-        case Type::Bstr:
-            return "BSTR";
-        case Type::Variant:
-            return "VARIANT";
-        case Type::VariantBool:
-            return "VARIANT_BOOL";
-        case Type::Date:
-            return "DATE";
+        case Type::None:
+            return {};
         case Type::I2:
             return "short";
         case Type::I4:
@@ -34,14 +30,11 @@ std::string_view idlType(Type type) {
             return "double";
         case Type::UI1:
             return "unsigned char";
-        case Type::StringArray:
-            return "SAFEARRAY(BSTR)";
         case Type::Object:
             return "IDispatch*";
-        case Type::None:
-            break;
+        default:
+            return typeName(type);
     }
-    return {};
 }
 
 /// A text between quotation marks.

@@ -11,6 +11,8 @@
 namespace tovera {
 namespace {
 
+bool terminalsProgram = false;
+
 int descriptorOf(StandardStream stream) {
     constexpr std::array descriptors{STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO};
     return descriptors[static_cast<std::size_t>(stream)];
@@ -19,7 +21,12 @@ int descriptorOf(StandardStream stream) {
 }  // namespace
 
 /// A closed stream gets one that can't be used the way it is meant to be, so that its use still fails.
+bool isTerminalsProgram() {
+    return terminalsProgram;
+}
+
 void startProgram() {
+    terminalsProgram = true;
     for (const auto stream : {StandardStream::Input, StandardStream::Output, StandardStream::Error}) {
         const int descriptor = descriptorOf(stream);
         if (fcntl(descriptor, F_GETFD) >= 0) continue;

@@ -9,9 +9,14 @@
 #include "platform/linux/component_facts.h"
 #include "platform/linux/files/file_system_object.h"
 #include "platform/linux/regional.h"
+#include "platform/linux/registered_objects.h"
+#include "platform/linux/shell/dialogs.h"
+#include "platform/linux/shell/host_loop.h"
 #include "platform/linux/shell/launch.h"
+#include "platform/linux/terminals_program.h"
 #include "platform/linux/text/code_pages.h"
 #include "platform/linux/text/letter_case.h"
+#include "platform/program_streams.h"
 
 namespace tovera {
 namespace {
@@ -26,7 +31,8 @@ constexpr std::array objectMakers{
     ObjectMaker{u"SCRIPTING.FILESYSTEMOBJECT", makeFileSystemObject},
 };
 
-/// The services of this home: message boxes on standard error, programs started as processes of their own.
+/// The services of this home: message boxes in a dialog of the desktop or on the terminal, programs started
+/// as processes of their own.
 class LinuxServices : public Services {
   public:
     using Services::messageBox;
@@ -42,9 +48,11 @@ class LinuxServices : public Services {
 
 I4 LinuxServices::messageBox(const Bstr& text, I4 /*flags*/, const Bstr& title) {
     constexpr I4 okButton = 1;
+    const bool hasTerminal = isTerminal(StandardStream::Input) && isTerminal(StandardStream::Error);
+    if (!hasTerminal && !isTerminalsProgram() && showInDialog(text, title)) return okButton;
     std::cout.flush();
     std::cerr << '[' << toUtf8(title) << "] " << toUtf8(text) << std::endl;
-    if (isatty(STDIN_FILENO) && isatty(STDERR_FILENO)) {
+    if (hasTerminal) {
         std::string answer;
         std::getline(std::cin, answer);
     }
@@ -56,6 +64,11 @@ R8 LinuxServices::launch(const Bstr& commandLine, WindowStyle /*style*/) {
 }
 
 ObjectRef LinuxServices::createObject(std::u16string_view progId) {
+    if (const auto make = registeredFactory(progId)) {
+        auto made = make();
+        if (!made) raise(ErrorNumber::CannotCreateObject);
+        return made;
+    }
     const auto name = capitals(progId);
     const auto* const row = std::ranges::find(objectMakers, name, &ObjectMaker::progId);
     if (row == objectMakers.end()) raise(ErrorNumber::CannotCreateObject);
@@ -79,7 +92,9 @@ std::u16string LinuxServices::fromAnsi(std::string_view bytes) {
     return fromAnsi1252(bytes);
 }
 
-void LinuxServices::pumpMessages() {}
+void LinuxServices::pumpMessages() {
+    pumpHostLoop();
+}
 
 }  // namespace
 

@@ -5,7 +5,7 @@
 #include <span>
 
 #include "frame/checked.h"
-#include "platform/windows/variants.h"
+#include "platform/windows/texts.h"
 
 namespace tovera {
 namespace {
@@ -38,7 +38,9 @@ void fill(SAFEARRAY& array, const StringArray& source, VARTYPE elements) {
         if (elements == VT_BSTR) {
             elementsOf<BSTR>(array)[i++] = allocateText(text);
         } else {
-            elementsOf<VARIANT>(array)[i++] = SystemVariant(Variant(text)).release();
+            auto& element = elementsOf<VARIANT>(array)[i++];
+            element.bstrVal = allocateText(text);
+            element.vt = VT_BSTR;
         }
     }
 }

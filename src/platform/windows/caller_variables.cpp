@@ -10,7 +10,7 @@ namespace {
 
 /// A reference to the copy of a variable with this tag; one that holds no variable's type goes by value.
 Variant referenceTo(Variant& copy, VARTYPE tag) {
-    if (tag == VT_VARIANT) return Reference(&copy);
+    if (tag == VT_VARIANT || copy.is<ExactNumber>()) return Reference(&copy);
     return std::visit(
         [&]<class T>(const T&) {
             if constexpr (IsAlternativeOf<T*, Reference>::value) {

@@ -2,6 +2,7 @@
 
 #include <list>
 
+#include "platform/windows/incoming_values.h"
 #include "platform/windows/variants.h"
 
 namespace tovera {

@@ -1,11 +1,13 @@
 #include "platform/windows/file_handles.h"
 
+#include "platform/windows/wide_text.h"
+
 namespace tovera {
 
 std::wstring pathOf(const Bstr& path) {
     const auto text = beforeNul(path);
     if (text.empty()) raise(ErrorNumber::PathAccess);
-    return {text.begin(), text.end()};
+    return wide(text);
 }
 
 ErrorNumber fileErrorOf(DWORD status) {

@@ -5,6 +5,7 @@
 
 #include "frame/last_error.h"
 #include "platform/windows/file_handles.h"
+#include "platform/windows/wide_text.h"
 
 namespace tovera {
 namespace {
@@ -75,8 +76,7 @@ class WindowsFiles : public Files {
         const Search search(FindFirstFileW(pathOf(pattern).c_str(), &found));
         for (bool more = search != nullptr; more; more = FindNextFileW(search.get(), &found) != 0) {
             const std::wstring_view name = static_cast<const wchar_t*>(found.cFileName);
-            if ((found.dwFileAttributes & unusual) == 0)
-                names.emplace_back(std::u16string(name.begin(), name.end()));
+            if ((found.dwFileAttributes & unusual) == 0) names.emplace_back(utf16(name));
         }
         return names;
     }

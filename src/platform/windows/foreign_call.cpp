@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "frame/conversions.h"
-#include "platform/platform.h"
+#include "platform/windows/texts.h"
 
 namespace tovera {
 namespace {
@@ -30,8 +29,8 @@ class OutgoingArgument {
         return argument;
     }
 
-    void takeBack(const Conversions& convert) const {
-        if (isReference_) convert.store(target_, valueOf(held_.get()));
+    void giveTo(TakeBack takeBack) const {
+        if (isReference_) takeBack(target_, held_.get());
     }
 
   private:
@@ -80,8 +79,8 @@ std::vector<VARIANT> reversed(std::vector<OutgoingArgument>& arguments) {
 
 }  // namespace
 
-SystemVariant callForeign(IDispatch& object, DISPID member, CallKind kind,
-                          std::span<const Variant> arguments) {
+SystemVariant callForeign(IDispatch& object, DISPID member, CallKind kind, std::span<const Variant> arguments,
+                          TakeBack takeBack) {
     std::vector<OutgoingArgument> outgoing(arguments.begin(), arguments.end());
     auto passed = reversed(outgoing);
     const bool writes = allows(kind, CallKind::Write | CallKind::AssignReference);
@@ -94,8 +93,7 @@ SystemVariant callForeign(IDispatch& object, DISPID member, CallKind kind,
     const HRESULT status =
         object.Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, static_cast<WORD>(kind), &parameters,
                       writes ? nullptr : &result.get(), exception.out(), &wrong);
-    const Conversions convert(home().services);
-    for (const auto& argument : outgoing) argument.takeBack(convert);
+    for (const auto& argument : outgoing) argument.giveTo(takeBack);
     if (status == DISP_E_EXCEPTION) exception.raise();
     if (FAILED(status)) raiseStatus(status);
     return result;

@@ -2,13 +2,13 @@
 
 #include "frame/last_error.h"
 #include "platform/windows/system.h"
+#include "platform/windows/wide_text.h"
 
 namespace tovera {
 
 R8 launchProgram(const Bstr& commandLine, WindowStyle style) {
-    const auto line = beforeNul(commandLine);
     // The system writes into the line while it cuts off the name of the program.
-    std::wstring writable(line.begin(), line.end());
+    std::wstring writable = wide(beforeNul(commandLine));
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;

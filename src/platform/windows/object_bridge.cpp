@@ -1,6 +1,5 @@
 #include "platform/windows/object_bridge.h"
 
-#include "platform/windows/foreign_object.h"
 #include "platform/windows/module.h"
 
 namespace tovera {
@@ -28,14 +27,9 @@ const IID& ownObjectId() {
     return id;
 }
 
-ObjectRef objectOf(IUnknown* unknown) {
-    if (!unknown) return {};
-    const ComPointer<IUnknown> given(unknown);
-    const auto own = given.as<OwnObject>(ownObjectId());
-    if (own && isOfThisFile(own.get())) return ObjectRef(own->ownObject());
-    auto dispatch = given.as<IDispatch>(IID_IDispatch);
-    if (!dispatch) raise(ErrorNumber::TypeMismatch);
-    return makeObject<ForeignObject>(std::move(dispatch));
+Object* ownObjectOf(const ComPointer<IUnknown>& any) {
+    const auto own = any.as<OwnObject>(ownObjectId());
+    return own && isOfThisFile(own.get()) ? own->ownObject() : nullptr;
 }
 
 IDispatch* dispatchOf(const ObjectRef& object) {

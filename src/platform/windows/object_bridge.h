@@ -23,8 +23,8 @@ struct OwnObject : IUnknown {
 };
 const IID& ownObjectId();
 
-/// The object behind an interface: nothing for nothing, error 13 for one that isn't late-bound.
-ObjectRef objectOf(IUnknown* unknown);
+/// The object of this copy of the component behind an interface; null for one of others.
+Object* ownObjectOf(const ComPointer<IUnknown>& any);
 
 /// The interface of an object, with a reference that the caller takes over: nothing for nothing.
 IDispatch* dispatchOf(const ObjectRef& object);

@@ -6,6 +6,7 @@
 
 #include "frame/utf8.h"
 #include "platform/windows/system_opening.h"
+#include "platform/windows/wide_text.h"
 
 namespace tovera {
 namespace {
@@ -39,8 +40,7 @@ std::optional<std::size_t> readConsole(HANDLE console, std::span<char> bytes) {
 }
 
 bool writeConsole(HANDLE console, std::string_view bytes) {
-    const auto text = fromUtf8(bytes);
-    std::wstring rest(text.begin(), text.end());
+    std::wstring rest = wide(fromUtf8(bytes));
     while (!rest.empty()) {
         constexpr std::size_t most = 8192;
         DWORD count = 0;
@@ -56,7 +56,7 @@ struct FreeLocal {
 };
 
 std::string utf8Of(const std::wstring& text) {
-    return toUtf8(std::u16string(text.begin(), text.end()));
+    return toUtf8(utf16(text));
 }
 
 }  // namespace

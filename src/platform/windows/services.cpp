@@ -1,18 +1,13 @@
 #include "platform/home_services.h"
 #include "platform/windows/com_pointer.h"
+#include "platform/windows/incoming_values.h"
 #include "platform/windows/launch.h"
 #include "platform/windows/module.h"
-#include "platform/windows/object_bridge.h"
 #include "platform/windows/regional.h"
+#include "platform/windows/wide_text.h"
 
 namespace tovera {
 namespace {
-
-/// The text with the NUL behind it that the system looks for.
-std::wstring terminated(const Bstr& text) {
-    const auto units = text.view();
-    return {units.begin(), units.end()};
-}
 
 /// The screen's device, for its resolution.
 class Screen {
@@ -52,8 +47,7 @@ class WindowsServices : public Services {
 };
 
 I4 WindowsServices::messageBox(const Bstr& text, I4 flags, const Bstr& title) {
-    return MessageBoxW(GetActiveWindow(), terminated(text).c_str(), terminated(title).c_str(),
-                       static_cast<UINT>(flags));
+    return MessageBoxW(GetActiveWindow(), wide(text).c_str(), wide(title).c_str(), static_cast<UINT>(flags));
 }
 
 R8 WindowsServices::launch(const Bstr& commandLine, WindowStyle style) {
@@ -61,7 +55,7 @@ R8 WindowsServices::launch(const Bstr& commandLine, WindowStyle style) {
 }
 
 ObjectRef WindowsServices::createObject(std::u16string_view progId) {
-    const std::wstring name(progId.begin(), progId.end());
+    const auto name = wide(progId);
     CLSID classId;
     ComPointer<IDispatch> created;
     HRESULT status = CLSIDFromProgID(name.c_str(), &classId);
@@ -79,10 +73,9 @@ ComponentFacts WindowsServices::facts() {
     const auto name = file.find_last_of(L'\\') + 1;
     const Screen screen;
     ComponentFacts facts;
-    facts.folder =
-        std::u16string(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(name ? name - 1 : 0));
+    facts.folder = utf16(std::wstring_view(file).substr(0, name ? name - 1 : 0));
     const auto stem = file.substr(name, file.find_last_of(L'.') - name);
-    facts.fileName = std::u16string(stem.begin(), stem.end());
+    facts.fileName = utf16(stem);
     facts.moduleHandle = static_cast<I4>(reinterpret_cast<std::intptr_t>(ownModule()));
     facts.twipsPerPixelX = screen.twipsPerPixel(LOGPIXELSX);
     facts.twipsPerPixelY = screen.twipsPerPixel(LOGPIXELSY);

@@ -4,6 +4,7 @@
 
 #include "platform/windows/entry_point.h"
 #include "platform/windows/system_network.h"
+#include "platform/windows/wide_text.h"
 
 namespace tovera {
 namespace {
@@ -13,8 +14,7 @@ constexpr const wchar_t* netapi32 = L"netapi32";
 /// A text for the system, which looks for a NUL behind it and takes it as one that it could write to.
 class WideText {
   public:
-    explicit WideText(const Bstr& text)
-        : isNull_(text.isNull()), text_(text.view().begin(), text.view().end()) {}
+    explicit WideText(const Bstr& text) : isNull_(text.isNull()), text_(wide(text)) {}
     wchar_t* address() { return isNull_ ? nullptr : text_.data(); }
 
   private:

@@ -3,6 +3,7 @@
 #include "frame/last_error.h"
 #include "frame/utf8.h"
 #include "platform/windows/file_handles.h"
+#include "platform/windows/wide_text.h"
 
 namespace tovera {
 namespace {
@@ -11,11 +12,6 @@ namespace {
     const DWORD status = GetLastError();
     lastError() = static_cast<I4>(status);
     raise(fileErrorOf(status));
-}
-
-std::wstring wide(const std::string& path) {
-    const auto text = fromUtf8(path);
-    return {text.begin(), text.end()};
 }
 
 OpenedFile opened(const std::wstring& path) {
@@ -66,12 +62,12 @@ std::string ownPathOf(std::u16string_view path) {
         const DWORD length = GetFinalPathNameByHandleW(file.get(), name.data(), room, FILE_NAME_NORMALIZED);
         if (length == 0) raiseLast();
         name.resize(length);
-        if (length < room) return toUtf8(std::u16string(name.begin(), name.end()));
+        if (length < room) return toUtf8(utf16(name));
     }
 }
 
 std::string bytesOfFile(const std::string& ownPath) {
-    const auto file = opened(wide(ownPath));
+    const auto file = opened(wide(fromUtf8(ownPath)));
     LARGE_INTEGER size{};
     if (!GetFileSizeEx(file.get(), &size)) raiseLast();
     std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
@@ -82,7 +78,7 @@ std::string bytesOfFile(const std::string& ownPath) {
 }
 
 void replaceBytes(const std::string& ownPath, std::string_view oldBytes, std::string newBytes) {
-    const auto path = wide(ownPath);
+    const auto path = wide(fromUtf8(ownPath));
     const DWORD attributes = GetFileAttributesW(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) raiseLast();
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) raise(ErrorNumber::PermissionDenied);

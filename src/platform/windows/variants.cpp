@@ -1,13 +1,11 @@
 #include "platform/windows/variants.h"
 
-#include <cstring>
-#include <new>
 #include <utility>
 
-#include "frame/checked.h"
-#include "frame/conversions.h"
+#include "frame/error.h"
 #include "platform/windows/arrays.h"
 #include "platform/windows/object_bridge.h"
+#include "platform/windows/texts.h"
 
 namespace tovera {
 namespace {
@@ -26,6 +24,13 @@ struct Store {
     VARTYPE operator()(Date date) const { return to.date = date.days, VT_DATE; }
     VARTYPE operator()(VariantBool truth) const { return to.boolVal = truth.raw, VT_BOOL; }
     VARTYPE operator()(ErrorCode error) const { return to.scode = error.code, VT_ERROR; }
+    VARTYPE operator()(const ExactNumber& number) const {
+        to.decVal.scale = number.decimals;
+        to.decVal.sign = number.isNegative ? DECIMAL_NEG : BYTE{0};
+        to.decVal.Hi32 = number.high;
+        to.decVal.Lo64 = number.low;
+        return VT_DECIMAL;
+    }
     VARTYPE operator()(const Bstr& text) const { return to.bstrVal = allocateText(text), VT_BSTR; }
     VARTYPE operator()(const ObjectRef& object) const {
         return to.pdispVal = dispatchOf(object), VT_DISPATCH;
@@ -36,83 +41,7 @@ struct Store {
     VARTYPE operator()(const Reference&) const { raise(ErrorNumber::TypeMismatch); }
 };
 
-SystemVariant changed(const VARIANT& variant, VARTYPE tag) {
-    SystemVariant result;
-    const HRESULT status = VariantChangeType(&result.get(), const_cast<VARIANT*>(&variant), 0, tag);
-    if (status == DISP_E_OVERFLOW) raise(ErrorNumber::Overflow);
-    if (FAILED(status)) raise(ErrorNumber::TypeMismatch);
-    return result;
-}
-
-/// A number type that the frame hasn't got.
-Variant numberOf(const VARIANT& variant) {
-    const bool isSmall = variant.vt == VT_I1 || variant.vt == VT_UI2 || variant.vt == VT_INT;
-    const SystemVariant number = changed(variant, isSmall ? VT_I4 : VT_R8);
-    return isSmall ? Variant(I4{number.get().lVal}) : Variant(R8{number.get().dblVal});
-}
-
-/// A value that stands in the `VARIANT` itself.
-Variant ownValueOf(const VARIANT& variant) {
-    if (variant.vt & VT_ARRAY) return arrayOf(variant.parray, variant.vt & VT_TYPEMASK);
-    switch (variant.vt) {
-        case VT_EMPTY:
-            return {};
-        case VT_NULL:
-            return Null{};
-        case VT_UI1:
-            return UI1{variant.bVal};
-        case VT_I2:
-            return I2{variant.iVal};
-        case VT_I4:
-            return I4{variant.lVal};
-        case VT_R4:
-            return R4{variant.fltVal};
-        case VT_R8:
-            return R8{variant.dblVal};
-        case VT_DATE:
-            return Date{variant.date};
-        case VT_BSTR:
-            return textOf(variant.bstrVal);
-        case VT_BOOL:
-            return VariantBool::ofBits(variant.boolVal);
-        case VT_ERROR:
-            return ErrorCode{variant.scode};
-        case VT_DISPATCH:
-        case VT_UNKNOWN:
-            return objectOf(variant.punkVal);
-        default:
-            return numberOf(variant);
-    }
-}
-
 }  // namespace
-
-BSTR allocateText(const Bstr& text) {
-    if (text.isNull()) return nullptr;
-    const auto view = text.view();
-    const auto length = narrow<UINT>(view.size());
-    BSTR const allocated = SysAllocStringLen(reinterpret_cast<const wchar_t*>(view.data()), length);
-    if (!allocated) throw std::bad_alloc();
-    return allocated;
-}
-
-Bstr textOf(BSTR text) {
-    if (!text) return {};
-    return std::u16string(reinterpret_cast<const char16_t*>(text), SysStringLen(text));
-}
-
-Variant valueOf(const VARIANT& variant, int chain) {
-    if (!(variant.vt & VT_BYREF)) return ownValueOf(variant);
-    if (!variant.byref || chain == 0) raise(ErrorNumber::TypeMismatch);
-    if (variant.vt == (VT_BYREF | VT_VARIANT)) return valueOf(*variant.pvarVal, chain - 1);
-    VARIANT copy{};
-    const auto tag = static_cast<VARTYPE>(variant.vt & ~VT_BYREF);
-    if (sizeOf(tag) == 0) raise(ErrorNumber::TypeMismatch);
-    // A borrowed copy: the variable keeps what it owns.
-    std::memcpy(placeOf(copy, tag), variant.byref, sizeOf(tag));
-    copy.vt = tag;
-    return ownValueOf(copy);
-}
 
 SystemVariant::SystemVariant(const Variant& value) {
     if (value.is<Reference>()) {
@@ -132,8 +61,12 @@ VARIANT SystemVariant::release() {
     return std::exchange(variant_, VARIANT{});
 }
 
-SystemVariant SystemVariant::as(VARTYPE tag) const {
-    return changed(variant_, tag);
+SystemVariant SystemVariant::changed(const VARIANT& variant, VARTYPE tag) {
+    SystemVariant result;
+    const HRESULT status = VariantChangeType(&result.get(), const_cast<VARIANT*>(&variant), 0, tag);
+    if (status == DISP_E_OVERFLOW) raise(ErrorNumber::Overflow);
+    if (FAILED(status)) raise(ErrorNumber::TypeMismatch);
+    return result;
 }
 
 std::size_t sizeOf(VARTYPE tag) {

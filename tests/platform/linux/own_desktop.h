@@ -2,10 +2,13 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <fcntl.h>
 #include <map>
 #include <optional>
 #include <sys/types.h>
+#include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 #include "platform/linux/temporary_folder.h"
@@ -83,6 +86,35 @@ class OwnDesktop {
         const auto recorded = contentOf(recordFile());
         std::filesystem::remove(recordFile());
         return recorded;
+    }
+
+    /// What the program `tovera` prints, in a process of its own: libraries that keep what they have once
+    /// read of the environment see that of the test.
+    std::string tovera(const std::vector<std::string>& arguments) const {
+        const auto program =
+            std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "tovera";
+        int ends[2];
+        if (pipe(ends) != 0) return "no pipe";
+        const auto process = fork();
+        if (process == 0) {
+            for (const int stream : {1, 2}) dup2(ends[1], stream);
+            dup2(open("/dev/null", O_RDONLY), 0);
+            std::vector<char*> words{const_cast<char*>("tovera")};
+            for (const auto& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
+            words.push_back(nullptr);
+            execv(program.c_str(), words.data());
+            _exit(127);
+        }
+        close(ends[1]);
+        std::string printed;
+        for (char piece[4096];;) {
+            const auto count = read(ends[0], piece, sizeof piece);
+            if (count <= 0) break;
+            printed.append(piece, static_cast<std::size_t>(count));
+        }
+        close(ends[0]);
+        waitpid(process, nullptr, 0);
+        return printed;
     }
 
     Variables variables;

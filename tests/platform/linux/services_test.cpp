@@ -2,11 +2,14 @@
 #include <iconv.h>
 
 #include "conversion/cls_conversion.h"
+#include "network/cls_internet.h"
 #include "platform/home_services.h"
 #include "platform/linux/regional.h"
 #include "platform/linux/temporary_folder.h"
 #include "platform/linux/text/code_pages.h"
+#include "platform/object_registration.h"
 #include "platform/oem_text.h"
+#include "support/scripted_object.h"
 #include "support/test_platform.h"
 
 namespace tovera::testing {
@@ -73,6 +76,23 @@ TEST(LinuxServices, MessageBoxesFactsAndObjects) {
     EXPECT_EQ(errorOf([&] { services.createObject(u"Nothing.Here"); }), 429);
     EXPECT_FALSE(services.facts().fileName.empty());
     EXPECT_FALSE(services.facts().folder.empty());
+}
+
+TEST(LinuxServices, ObjectsThatTheHostHasRegistered) {
+    auto& services = home().services;
+    const auto own = makeObject<Scripted>(Scripted::Members{});
+    registerObject(u"Notes.Notessession", [&] { return own; });
+    EXPECT_EQ(services.createObject(u"NOTES.notesSession"), own);
+    Cls_Internet internet;
+    Bstr text = u"x";
+    ::testing::internal::CaptureStderr();
+    internet.EcrireEmail_LotusNotes(text, text, text, text, True);
+    EXPECT_NE(::testing::internal::GetCapturedStderr(), "") << "it is no Notes session";
+    EXPECT_EQ(internet.NSession(), own);
+    registerObject(u"notes.notessession", [] { return ObjectRef(); });
+    EXPECT_EQ(errorOf([&] { services.createObject(u"Notes.Notessession"); }), 429);
+    registerObject(u"Notes.Notessession", {});
+    EXPECT_EQ(errorOf([&] { services.createObject(u"Notes.Notessession"); }), 429);
 }
 
 TEST(LinuxServices, RegionalSettingsOfTheLocale) {

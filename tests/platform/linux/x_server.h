@@ -24,14 +24,14 @@ class XServer {
             return 1;
         });
         close(ends[1]);
-        char digits[16] = {};
-        const auto count = read(ends[0], digits, sizeof digits - 1);
-        close(ends[0]);
-        if (count <= 0) return;
+        std::string digits;
+        for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';) digits += digit;
+        close(ends[0]);  // the server ends when it can't write the whole line
+        if (digits.empty()) return;
         const auto* const before = std::getenv("DISPLAY");
         before_ = before ? before : "";
         isThere_ = true;
-        setenv("DISPLAY", name(std::atoi(digits)).c_str(), 1);
+        setenv("DISPLAY", (':' + digits).c_str(), 1);
     }
     XServer(const XServer&) = delete;
     XServer& operator=(const XServer&) = delete;
@@ -50,8 +50,6 @@ class XServer {
     }
 
   private:
-    static std::string name(int number) { return ":" + std::to_string(number); }
-
     pid_t process_ = 0;
     std::string before_;
     bool isThere_ = false;

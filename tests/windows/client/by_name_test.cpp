@@ -1,4 +1,5 @@
 #include <cstring>
+#include <limits>
 
 #include "client/invocation.h"
 
@@ -65,6 +66,42 @@ TEST_F(ByName, ChangedVariablesKeepTheirType) {
                  {source.referred(VT_BSTR), target.referred(VT_VARIANT)}, short{1});
     EXPECT_EQ(source, Value(L"‚?"));
     EXPECT_EQ(target, Value(std::wstring(L"é?\0#", 4)));
+}
+
+TEST_F(ByName, TypedVariablesAreWrittenThrough) {
+    float angle = 100;
+    short whole = 10;
+    float huge = 1e30F;
+    const auto reduced = [&](VARTYPE type, void* variable) {
+        return invoke(math.get(), L"MesurePrincipale", {Value::reference(type, variable)}).result;
+    };
+    EXPECT_EQ(reduced(VT_R4, &angle), -0.4799898F);
+    EXPECT_EQ(angle, -0.4799898F);
+    EXPECT_EQ(reduced(VT_I2, &whole), -2.0F);
+    EXPECT_EQ(whole, -2);
+    reduced(VT_R4, &huge);
+    EXPECT_TRUE(huge <= 3.14F && huge >= -3.14F);
+}
+
+TEST_F(ByName, LargeNumbersKeepAllDigitsInText) {
+    Value whole = Value::of(VT_I8), positive = Value::of(VT_UI8), money = Value::of(VT_CY);
+    whole.address()->llVal = std::numeric_limits<long long>::min();
+    positive.address()->ullVal = std::numeric_limits<unsigned long long>::max();
+    money.address()->cyVal.int64 = -9223372036854775807;
+    Value decimal = Value::of(VT_DECIMAL);
+    decimal.address()->decVal.Hi32 = 0xFFFFFFFF;
+    decimal.address()->decVal.Lo64 = 0xFFFFFFFFFFFFFFFF;
+    decimal.address()->decVal.scale = 10;
+    const std::pair<Value*, const wchar_t*> rows[] = {
+        {&whole, L"-9223372036854775808"},
+        {&positive, L"18446744073709551615"},
+        {&money, L"-922337203685477,5807"},
+        {&decimal, L"7922816251426433759,3543950335"},
+    };
+    for (const auto& [number, text] : rows) {
+        EXPECT_EQ(invoke(conversion.get(), L"IntituleMonnaie", {*number}, DISPATCH_PROPERTYPUT).status, S_OK);
+        expectResult(conversion.get(), L"IntituleMonnaie", {}, text);
+    }
 }
 
 TEST_F(ByName, ArraysOfTexts) {

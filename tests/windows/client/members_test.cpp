@@ -74,7 +74,7 @@ const std::vector<StepsOfClass>& allSteps() {
             {"NBJoursOuvrablesParMois", {short{2002}, short{2}}, short{20}},
             {"NBJoursOuvrables", {Value::date(37382), Value::date(37386)}, short{5}}}},
         {"_Cls_Math", {
-            {"MesurePrincipale", {10}, -2.56F}, {"Hypothenuse", {0, short{0}, 3.0F, L"4"}, 5.0},
+            {"MesurePrincipale", {10.0}, -2.56F}, {"Hypothenuse", {0, short{0}, 3.0F, L"4"}, 5.0},
             {"InverseCosinus", {1}, 0.0F}, {"InverseSinus", {0.5}, 0.5338F}, {"AngleTrigo", {1, 0, 0, 0}, 0.0F}}},
         {"_Cls_InitREG", {
             {"CreerREG_Cle", {key}, {}},
@@ -108,7 +108,8 @@ const std::vector<StepsOfClass>& allSteps() {
             {"RenommerFichier", {other, file}, Value::truth(true)}}},
         {"_Cls_SQL", {
             {"RepAPOS", {L"l'été"}, L"l''été"},
-            {"Creer_ODBC_Access", {L"C:\\aucune.mdb", L"Base"}, L"Fichier inexistant."}}},
+            {"Creer_ODBC_Access", {L"C:\\aucune.mdb", L"Base"}, L"Fichier inexistant."},
+            {"Creer_ODBC_Access", {L"C:\\windows\\win.ini", L"Base"}, L"MDAC non installé."}}},
         {"_Cls_Cryptage", {
             {"put InBuffer", {L"Bonjour le monde"}, {}}, {"get InBuffer", {}, L"Bonjour le monde"},
             {"put Password", {L"secret"}, {}}, {"get Password", {}, L"secret"},
@@ -202,6 +203,7 @@ TEST(Members, BySlotAndByName) {
         }
     }
     EXPECT_EQ(called, published);
+    DeleteFileW((Component::loaded().file() + L"\\..\\temp.eml").c_str());
     for (const auto* step : {"GetIPAddress", "GetIPHostName", "GetMACAddress", "GetUserName"})
         EXPECT_NE(bySlots[step].text(), L"") << step;
 }

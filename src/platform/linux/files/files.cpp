@@ -122,9 +122,4 @@ void LinuxFiles::readI2(const Bstr& path, I4 position, I2& number) {
     number = static_cast<I2>(bytes[0] | bytes[1] << 8);
 }
 
-Files& homeFiles() {
-    static LinuxFiles port;
-    return port;
-}
-
 }  // namespace tovera

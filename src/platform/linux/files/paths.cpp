@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <vector>
 
+#include "frame/ascii_case.h"
 #include "frame/bstr.h"
 #include "frame/utf8.h"
 #include "platform/linux/files/data_folder.h"
@@ -18,8 +19,7 @@ namespace {
 
 char16_t driveLetterOf(std::u16string_view path) {
     if (path.size() < 2 || path[1] != u':') return 0;
-    const auto letter = static_cast<char16_t>(path[0] | 0x20);
-    return letter >= u'a' && letter <= u'z' ? letter : 0;
+    return isAsciiLetter(path[0]) ? smallAscii(path[0]) : u'\0';
 }
 
 bool isOnOtherMachine(std::u16string_view path) {
@@ -62,7 +62,7 @@ std::string folderOnC() {
 /// Where a drive of another letter is mounted; empty where nothing is.
 std::string folderOfDrive(char16_t letter) {
     for (const auto& drive : otherDrives())
-        if (char16_t(drive.letter | 0x20) == letter) return drive.folder;
+        if (smallAscii(char16_t(drive.letter)) == letter) return drive.folder;
     return {};
 }
 

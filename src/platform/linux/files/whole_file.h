@@ -7,8 +7,6 @@
 #include <string_view>
 #include <sys/types.h>
 
-#include "platform/linux/files/file_descriptor.h"
-
 // Files that are read and replaced as a whole.
 namespace tovera {
 
@@ -60,30 +58,5 @@ int changeFile(const std::string& path, const FileChange& change);
 /// Makes a file whole or not at all, also when this process ends in the middle: its bytes reach the disk
 /// before it has its name. EEXIST where the name is taken: what bears it stays as it is.
 int makeFile(const std::string& path, std::string_view bytes, mode_t mode);
-
-/// A file that is written piece by piece and gets its name when it is whole. Until then, and when this
-/// process ends before, what stands under that name is as it was, and nothing else is left.
-class NewFile {
-  public:
-    NewFile() = default;
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
-    ~NewFile();
-
-    /// Begins a file for a path in a folder that exists. What stands there must be a regular file that may be
-    /// written, or nothing. Of a symbolic link it is the file that the link leads to.
-    int begin(const std::string& path);
-    int append(std::string_view bytes);
-    /// The file takes its name, with the permissions and the owner of the one that had it.
-    int finish();
-
-  private:
-    int openNameless();
-
-    FileDescriptor folder_;
-    FileDescriptor file_;
-    std::string name_;
-    std::string ownName_;  ///< for the time being, where the file system has no files without one
-};
 
 }  // namespace tovera

@@ -8,8 +8,8 @@
 #include "frame/last_error.h"
 #include "frame/utf8.h"
 #include "platform/linux/files/file_facts.h"
+#include "platform/linux/files/file_url.h"
 #include "platform/linux/files/paths.h"
-#include "platform/linux/network/file_url.h"
 #include "platform/linux/network/progress_bar.h"
 #include "platform/linux/text/ansi_buffer.h"
 

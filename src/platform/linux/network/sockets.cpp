@@ -16,10 +16,18 @@ namespace {
 /// What a session may have, as the platform tells it.
 constexpr I4 mostSockets = 32767;
 
-std::string ownName() {
-    std::array<char, 256> name{};
-    return ::gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
-}
+/// The name of this machine; empty where it can't be had.
+class OwnName {
+  public:
+    OwnName() {
+        if (::gethostname(name_.data(), name_.size()) != 0) name_[0] = '\0';
+        name_.back() = '\0';
+    }
+    const char* text() const { return name_.data(); }
+
+  private:
+    std::array<char, 256> name_;
+};
 
 std::string bytesOf(in_addr address) {
     return {reinterpret_cast<const char*>(&address), sizeof address};
@@ -67,10 +75,10 @@ class LinuxSockets : public Sockets {
     }
     /// The machine's own name leads to its addresses, as no file of hosts has them. So does no name at all.
     std::optional<HostEntry> gethostbyname(const AnsiText& name) override {
-        const std::string asked(name.terminated());
-        const auto own = ownName();
-        if (asked.empty() || strcasecmp(asked.c_str(), own.c_str()) == 0) return ownEntry(own);
-        return resolved([&](auto... answer) { return gethostbyname2_r(asked.c_str(), AF_INET, answer...); });
+        const char* const asked = name.bytes.c_str();
+        const OwnName own;
+        if (*asked == '\0' || strcasecmp(asked, own.text()) == 0) return ownEntry(own.text());
+        return resolved([&](auto... answer) { return gethostbyname2_r(asked, AF_INET, answer...); });
     }
     std::optional<HostEntry> gethostbyaddr(I4 address, I4 length, I4 family) override {
         if (length != I4{sizeof(in_addr)} || family != internetFamily) return {};
@@ -78,7 +86,7 @@ class LinuxSockets : public Sockets {
         auto found = resolved(
             [&](auto... answer) { return gethostbyaddr_r(&asked, sizeof asked, AF_INET, answer...); });
         if (found) return found;
-        auto own = ownEntry(ownName());
+        auto own = ownEntry(OwnName().text());
         if (std::ranges::find(own.addresses, bytesOf(asked)) == own.addresses.end()) return {};
         return own;
     }

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/linux/files/whole_file.h"
+#include "platform/linux/files/new_file.h"
 
 namespace tovera {
 

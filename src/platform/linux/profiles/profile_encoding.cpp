@@ -50,13 +50,10 @@ std::string ProfileContent::encoded(std::u16string_view text) const {
     return form_ == Form::Utf8 ? toUtf8(text) : toUtf16(text, form_ == Form::Utf16 ? 0 : 1);
 }
 
-std::optional<std::string> ProfileContent::with(const ProfileEdit& edit) const {
-    const auto changed = [&](auto text, auto replacement) {
-        return text.replace(edit.position, edit.length, replacement);
-    };
-    if (form_ == Form::Ansi) return changed(std::string(bytes_), edit.replacement);
+std::optional<std::string> ProfileContent::with(const ProfileEdits& edits) const {
+    if (form_ == Form::Ansi) return withEdits(bytes_, edits);
     if (encoded(text_) != bytes_) return {};
-    return std::string(mark_) + encoded(changed(text_, fromAnsi1252(edit.replacement)));
+    return std::string(mark_) + encoded(withEdits(text_, edits, fromAnsi1252));
 }
 
 }  // namespace tovera

@@ -22,8 +22,8 @@ class ProfileContent {
 
     std::string_view ansi() const { return form_ == Form::Ansi ? bytes_ : std::string_view(ansi_); }
 
-    /// The bytes with a change of the ANSI text made in them. Nothing when the rest couldn't stay as it is.
-    std::optional<std::string> with(const ProfileEdit& edit) const;
+    /// The bytes with changes of the ANSI text made in them. Nothing when the rest couldn't stay as it is.
+    std::optional<std::string> with(const ProfileEdits& edits) const;
 
   private:
     enum class Form { Ansi, Utf8, Utf16, Utf16Swapped };

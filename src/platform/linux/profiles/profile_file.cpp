@@ -21,11 +21,12 @@ auto ask(const std::string& path, Question question) {
 template <class Edit>
 bool change(const std::string& path, Edit edit) {
     bool refused = false;
-    lastError() = changeFile(path, [&](std::string_view bytes) {
+    lastError() = changeFile(path, [&](std::string_view bytes) -> std::optional<std::string> {
         const ProfileContent content(bytes);
-        const auto place = edit(content.ansi());
-        auto changed = place ? content.with(*place) : std::nullopt;
-        refused = place && !changed;
+        const auto edits = edit(content.ansi());
+        if (edits.empty()) return {};
+        auto changed = content.with(edits);
+        refused = !changed;
         return changed;
     });
     if (refused) lastError() = EILSEQ;
@@ -62,17 +63,23 @@ std::string readProfileKeys(const std::string& path, std::string_view section) {
     return ask(path, [&](std::string_view text) { return profileKeys(text, section); });
 }
 
+bool writeProfileEntries(const std::string& path, std::span<const EntryWrite> writes) {
+    return change(path, [&](std::string_view text) { return editsFor(text, writes); });
+}
+
 bool writeProfileEntry(const std::string& path, std::string_view section, std::string_view key,
                        std::string_view value) {
-    return change(path, [&](std::string_view text) { return editToSet(text, section, key, value); });
+    const EntryWrite write{std::string(section), std::string(key), std::string(value)};
+    return writeProfileEntries(path, {&write, 1});
 }
 
 bool removeProfileEntry(const std::string& path, std::string_view section, std::string_view key) {
-    return change(path, [&](std::string_view text) { return editToRemove(text, section, key); });
+    const EntryWrite removal{std::string(section), std::string(key), std::nullopt};
+    return writeProfileEntries(path, {&removal, 1});
 }
 
 bool removeProfileSection(const std::string& path, std::string_view section) {
-    return change(path, [&](std::string_view text) { return editToRemoveSection(text, section); });
+    return change(path, [&](std::string_view text) { return editsToRemoveSection(text, section); });
 }
 
 }  // namespace tovera

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #ifdef __SSE2__
 #include <emmintrin.h>
 #endif
@@ -39,6 +40,8 @@ class SoughtName {
     explicit SoughtName(std::string_view name);
 
     bool empty() const { return capitals_.empty(); }
+    const std::string& capitals() const& { return capitals_; }
+    std::string capitals() && { return std::move(capitals_); }
     bool matches(std::string_view name) const {
         return name.size() == capitals_.size() && begins(name.data(), name.data() + name.size());
     }

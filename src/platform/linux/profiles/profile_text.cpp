@@ -1,5 +1,9 @@
 #include "platform/linux/profiles/profile_text.h"
 
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
 #include "platform/linux/text/letter_case.h"
 
 namespace tovera {
@@ -8,49 +12,15 @@ namespace {
 constexpr char commentMark = ';';
 constexpr std::string_view usualLineEnd = "\r\n";
 
-/// Where a section stands in a text, and one of its entries.
-struct Place {
-    bool sectionFound = false;
-    const char* begin = nullptr;  ///< of its header
-    const char* end = nullptr;    ///< of its last line
-    const char* rear = nullptr;   ///< behind its last line that isn't blank: the place of a new entry
-    std::string_view rearLineEnd;
-    std::optional<ProfileLine> entry;
-};
-
-Place findPlace(std::string_view text, const SoughtName& section, const SoughtName& key) {
-    Place place;
-    place.sectionFound = section.empty();
-    place.begin = place.end = place.rear = text.data();
-    for (ProfileLines lines(text); !lines.atEnd();) {
-        const auto line = lines.next();
-        if (const auto header = line.header()) {
-            if (place.sectionFound) return place;
-            if (!section.matches(*header)) continue;
-            place.sectionFound = true;
-            place.begin = line.start();
-        } else if (!place.sectionFound) {
-            continue;
-        } else if (!place.entry && key.canBeKey() && line.isEntry(key)) {
-            place.entry = line;
-        }
-        place.end = line.next();
-        if (line.isBlank()) continue;
-        place.rear = line.next();
-        place.rearLineEnd = line.lineEnd();
-    }
-    return place;
-}
-
 std::string_view firstLineEnd(std::string_view text) {
     if (text.empty()) return usualLineEnd;
     const auto found = ProfileLines(text).next().lineEnd();
     return found.empty() ? usualLineEnd : found;
 }
 
-std::string_view lastLineEnd(std::string_view text) {
-    const auto last = text.find_last_not_of("\r\n");
-    return text.substr(last == std::string_view::npos ? 0 : last + 1);
+std::string_view withoutLeadingBlanks(std::string_view text) {
+    while (!text.empty() && isProfileBlank(text.front())) text.remove_prefix(1);
+    return text;
 }
 
 std::size_t offsetIn(std::string_view text, const char* p) {
@@ -72,23 +42,137 @@ std::optional<ProfileEdit> editOfLine(std::string_view text, const ProfileLine& 
     return ProfileEdit{offsetIn(text, old->data()), old->size(), std::string(value)};
 }
 
-ProfileEdit newEntry(std::string_view text, const Place& place, std::string_view key,
-                     std::string_view value) {
-    const auto lineEnd = place.rearLineEnd.empty() ? firstLineEnd(text) : place.rearLineEnd;
-    const auto position = offsetIn(text, place.rear);
-    const bool lineIsOpen = position > 0 && place.rearLineEnd.empty();
-    auto line = lineOf(key, value, lineEnd);
-    return {position, 0, lineIsOpen ? std::string(lineEnd) + line : line};
+/// What is to be written in one section, and where it stands.
+class SectionPlan {
+  public:
+    explicit SectionPlan(std::string_view name) : name_(withoutBlanks(name)) {}
+
+    void add(const EntryWrite& write) {
+        writes_.push_back(&write);
+        SoughtName key(write.key);
+        if (key.canBeKey()) awaited_.emplace(std::move(key).capitals(), writes_.size() - 1);
+    }
+
+    /// Of sections with the same name the first one counts.
+    bool begin(const char* place) {
+        if (!isFound_) rear_ = place;
+        return !std::exchange(isFound_, true);
+    }
+
+    /// Looks at a line of the section: its header too, which isn't written to.
+    void pass(std::string_view text, const ProfileLine& line, bool isHeader, ProfileEdits& edits) {
+        if (line.isBlank() || (!isHeader && isWritten(text, line, edits))) return;
+        rear_ = line.next();
+        rearLineEnd_ = line.lineEnd();
+    }
+
+    bool isFound() const { return isFound_; }
+    std::size_t place(std::string_view text) const { return offsetIn(text, rear_); }
+    bool lineIsOpen(std::string_view text) const { return place(text) > 0 && rearLineEnd_.empty(); }
+    std::string_view lineEnd(std::string_view text) const {
+        return rearLineEnd_.empty() ? firstLineEnd(text) : rearLineEnd_;
+    }
+    std::string_view name() const { return name_; }
+
+    /// The entries that no line was found for.
+    std::string newLines(std::string_view lineEnd) const {
+        std::string lines;
+        for (const auto* write : writes_)
+            if (write && write->value)
+                lines.append(lineOf(withoutBlanks(write->key), withoutLeadingBlanks(*write->value), lineEnd));
+        return lines;
+    }
+
+  private:
+    /// Makes the write that is meant for this line. True when the line goes.
+    bool isWritten(std::string_view text, const ProfileLine& line, ProfileEdits& edits) {
+        const auto found = awaited_.find(SoughtName(line.key()).capitals());
+        if (found == awaited_.end()) return false;
+        const auto* const write = std::exchange(writes_[found->second], nullptr);
+        awaited_.erase(found);
+        if (!write->value) {
+            const auto position = offsetIn(text, line.start());
+            edits.push_back({position, offsetIn(text, line.next()) - position, {}});
+            return true;
+        }
+        auto edit = editOfLine(text, line, withoutLeadingBlanks(*write->value));
+        if (edit) edits.push_back(std::move(*edit));
+        return false;
+    }
+
+    std::string_view name_;
+    std::vector<const EntryWrite*> writes_;  ///< null for one that was made
+    std::unordered_map<std::string, std::size_t> awaited_;
+    bool isFound_ = false;
+    const char* rear_ = nullptr;  ///< behind its last line that isn't blank: the place of new entries
+    std::string_view rearLineEnd_;
+};
+
+using SectionPlans = std::vector<SectionPlan>;
+
+/// The plans by the names of their sections, in the order of the first writes.
+class PlansByName {
+  public:
+    explicit PlansByName(std::span<const EntryWrite> writes) {
+        for (const auto& write : writes) {
+            const auto [place, isNew] =
+                places_.try_emplace(SoughtName(write.section).capitals(), plans_.size());
+            if (isNew) plans_.emplace_back(write.section);
+            plans_[place->second].add(write);
+        }
+    }
+    SectionPlan* begin(std::string_view section, const char* place) {
+        const auto found = places_.find(SoughtName(section).capitals());
+        return found != places_.end() && plans_[found->second].begin(place) ? &plans_[found->second]
+                                                                            : nullptr;
+    }
+    const SectionPlans& inOrder() const { return plans_; }
+
+  private:
+    SectionPlans plans_;
+    std::unordered_map<std::string, std::size_t> places_;
+};
+
+/// The writes to lines that there are.
+ProfileEdits editsOfLines(std::string_view text, PlansByName& plans) {
+    ProfileEdits edits;
+    auto* current = plans.begin({}, text.data());
+    for (ProfileLines lines(text); !lines.atEnd();) {
+        const auto line = lines.next();
+        const auto header = line.header();
+        if (header) current = plans.begin(*header, line.start());
+        if (current) current->pass(text, line, header.has_value(), edits);
+    }
+    return edits;
 }
 
-ProfileEdit newSection(std::string_view text, std::string_view section, std::string_view key,
-                       std::string_view value) {
+void addNewEntries(std::string_view text, const SectionPlans& plans, ProfileEdits& edits) {
+    for (const auto& plan : plans) {
+        if (!plan.isFound()) continue;
+        const auto lineEnd = plan.lineEnd(text);
+        auto lines = plan.newLines(lineEnd);
+        if (lines.empty()) continue;
+        edits.push_back({plan.place(text), 0, (plan.lineIsOpen(text) ? std::string(lineEnd) : "") + lines});
+    }
+}
+
+void addNewSections(std::string_view text, const SectionPlans& plans, ProfileEdits& edits) {
     const auto lineEnd = firstLineEnd(text);
-    ProfileEdit edit{text.size(), 0, {}};
-    if (!text.empty() && lastLineEnd(text).empty()) edit.replacement.append(lineEnd);
-    edit.replacement.append("[").append(section).append("]").append(lineEnd);
-    edit.replacement.append(lineOf(key, value, lineEnd));
-    return edit;
+    const auto isOpen = [](std::string_view part) {
+        return !part.empty() && part.back() != '\n' && part.back() != '\r';
+    };
+    bool lineIsOpen = isOpen(text) && std::ranges::none_of(edits, [&](const ProfileEdit& edit) {
+                          const bool isLast = edit.position + edit.length == text.size();
+                          return isLast && !edit.replacement.empty() && !isOpen(edit.replacement);
+                      });
+    for (const auto& plan : plans) {
+        if (plan.isFound()) continue;
+        const auto lines = plan.newLines(lineEnd);
+        if (lines.empty()) continue;
+        std::string section(std::exchange(lineIsOpen, false) ? lineEnd : std::string_view());
+        section.append("[").append(plan.name()).append("]").append(lineEnd).append(lines);
+        edits.push_back({text.size(), 0, std::move(section)});
+    }
 }
 
 }  // namespace
@@ -142,30 +226,38 @@ std::string profileKeys(std::string_view text, std::string_view section) {
     return names;
 }
 
-std::optional<ProfileEdit> editToSet(std::string_view text, std::string_view section, std::string_view key,
-                                     std::string_view value) {
-    while (!value.empty() && isProfileBlank(value.front())) value.remove_prefix(1);
-    key = withoutBlanks(key);
-    const auto place = findPlace(text, SoughtName(section), SoughtName(key));
-    if (place.entry) return editOfLine(text, *place.entry, value);
-    if (place.sectionFound) return newEntry(text, place, key, value);
-    return newSection(text, withoutBlanks(section), key, value);
+ProfileEdits editsFor(std::string_view text, std::span<const EntryWrite> writes) {
+    PlansByName plans(writes);
+    auto edits = editsOfLines(text, plans);
+    addNewEntries(text, plans.inOrder(), edits);
+    addNewSections(text, plans.inOrder(), edits);
+    // What is put in front of a line comes before what happens to the line.
+    std::ranges::stable_sort(
+        edits, {}, [](const ProfileEdit& edit) { return std::pair(edit.position, edit.length > 0); });
+    return edits;
 }
 
-std::optional<ProfileEdit> editToRemove(std::string_view text, std::string_view section,
-                                        std::string_view key) {
-    const auto place = findPlace(text, SoughtName(section), SoughtName(key));
-    if (!place.entry) return {};
-    const auto position = offsetIn(text, place.entry->start());
-    return ProfileEdit{position, offsetIn(text, place.entry->next()) - position, {}};
-}
-
-std::optional<ProfileEdit> editToRemoveSection(std::string_view text, std::string_view section) {
+ProfileEdits editsToRemoveSection(std::string_view text, std::string_view section) {
     const SoughtName sought(section);
-    const auto place = findPlace(text, sought, sought);
-    if (place.begin == place.end) return {};
-    const auto position = offsetIn(text, place.begin);
-    return ProfileEdit{position, offsetIn(text, place.end) - position, {}};
+    bool isFound = sought.empty();
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    for (ProfileLines lines(text); !lines.atEnd();) {
+        const auto line = lines.next();
+        if (const auto header = line.header()) {
+            if (isFound) break;
+            isFound = sought.matches(*header);
+            begin = offsetIn(text, line.start());
+        }
+        if (isFound) end = offsetIn(text, line.next());
+    }
+    if (begin >= end) return {};
+    return {{begin, end - begin, {}}};
+}
+
+std::optional<std::string> withEdits(std::string_view text, const ProfileEdits& edits) {
+    if (edits.empty()) return std::nullopt;
+    return withEdits(std::string(text), edits, [](const std::string& replacement) { return replacement; });
 }
 
 }  // namespace tovera

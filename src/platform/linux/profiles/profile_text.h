@@ -1,8 +1,10 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/linux/profiles/profile_lines.h"
 
@@ -33,21 +35,42 @@ class ProfileSearch {
 std::string profileSections(std::string_view text);
 std::string profileKeys(std::string_view text, std::string_view section);
 
-/// The one place where a text has to change.
+/// A place where a text has to change.
 struct ProfileEdit {
     std::size_t position = 0;
     std::size_t length = 0;
     std::string replacement;
 };
 
-/// The edit that gives an entry a value: in its line when there is one, else behind the last line of its
-/// section that isn't blank, else in a new section at the end. All of them: nothing when all is as it
-/// should be.
-std::optional<ProfileEdit> editToSet(std::string_view text, std::string_view section, std::string_view key,
-                                     std::string_view value);
-std::optional<ProfileEdit> editToRemove(std::string_view text, std::string_view section,
-                                        std::string_view key);
+/// In the order of their places, which don't overlap. None when all is as it should be.
+using ProfileEdits = std::vector<ProfileEdit>;
+
+/// An entry that is to have a value, or to be gone.
+struct EntryWrite {
+    std::string section;
+    std::string key;
+    std::optional<std::string> value;
+};
+
+/// The edits that make writes of different entries. An entry gets its value in its line when there is one,
+/// else behind the last line of its section that isn't blank, else in a new section at the end.
+ProfileEdits editsFor(std::string_view text, std::span<const EntryWrite> writes);
 /// The section goes with all that stands up to the next header.
-std::optional<ProfileEdit> editToRemoveSection(std::string_view text, std::string_view section);
+ProfileEdits editsToRemoveSection(std::string_view text, std::string_view section);
+
+/// A text with the edits made in it; their replacements are given in the characters of the text.
+template <class Text, class Replacement>
+Text withEdits(const Text& text, const ProfileEdits& edits, Replacement&& replacement) {
+    Text changed;
+    std::size_t kept = 0;
+    for (const auto& edit : edits) {
+        changed.append(text.substr(kept, edit.position - kept)).append(replacement(edit.replacement));
+        kept = edit.position + edit.length;
+    }
+    return changed.append(text.substr(kept));
+}
+
+/// Nothing when there is nothing to change.
+std::optional<std::string> withEdits(std::string_view text, const ProfileEdits& edits);
 
 }  // namespace tovera

@@ -4,6 +4,7 @@
 
 #include "frame/last_error.h"
 #include "platform/linux/files/paths.h"
+#include "platform/linux/profiles/kept_writes.h"
 #include "platform/linux/profiles/profile_file.h"
 #include "platform/linux/profiles/profile_text.h"
 #include "platform/linux/text/ansi_buffer.h"
@@ -49,6 +50,7 @@ std::string_view withoutTrailingBlanks(std::string_view text) {
 }
 
 class LinuxProfiles : public Profiles {
+  public:
     I4 WritePrivateProfileStringA(const AnsiText& section, const AnsiText& key, const AnsiText& value,
                                   const AnsiText& file) override {
         if (section.isNull) {
@@ -86,7 +88,35 @@ class LinuxProfiles : public Profiles {
                          AnsiText& buffer) override {
         return GetPrivateProfileStringA(section, key, defaultValue, buffer, {{}, true});
     }
+
+    std::unique_ptr<Profiles> keepingWrites() override;
 };
+
+class KeepingProfiles : public LinuxProfiles {
+    I4 WritePrivateProfileStringA(const AnsiText& section, const AnsiText& key, const AnsiText& value,
+                                  const AnsiText& file) override {
+        if (section.isNull || key.isNull) {
+            kept_.make();
+            return LinuxProfiles::WritePrivateProfileStringA(section, key, value, file);
+        }
+        EntryWrite write{std::string(section.terminated()), std::string(key.terminated()), std::nullopt};
+        if (!value.isNull) write.value = value.terminated();
+        kept_.keep(foundHostPath(profileName(file)), std::move(write));
+        return done;
+    }
+
+    I4 GetPrivateProfileStringA(const AnsiText& section, const AnsiText& key, const AnsiText& defaultValue,
+                                AnsiText& buffer, const AnsiText& file) override {
+        kept_.make();
+        return LinuxProfiles::GetPrivateProfileStringA(section, key, defaultValue, buffer, file);
+    }
+
+    KeptWrites kept_;
+};
+
+std::unique_ptr<Profiles> LinuxProfiles::keepingWrites() {
+    return std::make_unique<KeepingProfiles>();
+}
 
 }  // namespace
 

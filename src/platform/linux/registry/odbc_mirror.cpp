@@ -48,15 +48,9 @@ std::string hostFile(std::string_view path) {
     return failed ? found : whole.string();
 }
 
-struct Entry {
-    std::string section;
-    std::string key;
-    std::string value;
-};
-
 /// A text value in the words of unixODBC: its own name of the Access driver, the file as its own path.
-Entry entryFor(std::string_view source, std::string_view valueName, std::string_view text) {
-    Entry entry{lineText(source), lineText(valueName), lineText(text)};
+EntryWrite entryFor(std::string_view source, std::string_view valueName, std::string_view text) {
+    EntryWrite entry{lineText(source), lineText(valueName), lineText(text)};
     if (sameFolded(source, listOfSources)) {
         if (text == accessDescription) entry.value = accessDriver;
     } else if (sameFolded(valueName, "DBQ")) {
@@ -69,15 +63,10 @@ Entry entryFor(std::string_view source, std::string_view valueName, std::string_
 }
 
 /// What a profile can't say, in names that would be read as something else, stays in the registry alone.
-bool canStand(const Entry& entry) {
+bool canStand(const EntryWrite& entry) {
     const auto& key = entry.key;
     return entry.section.find_first_of("[]") == std::string::npos && !key.empty() &&
            key.find('=') == std::string::npos && std::string_view("[;#").find(key[0]) == std::string::npos;
-}
-
-std::optional<std::string> edited(std::string_view text, const std::optional<ProfileEdit>& edit) {
-    if (!edit) return std::nullopt;
-    return std::string(text).replace(edit->position, edit->length, edit->replacement);
 }
 
 I4 statusOf(int error) {
@@ -85,10 +74,10 @@ I4 statusOf(int error) {
 }
 
 /// A new file gets this system's line ends from its first line, which all others follow.
-I4 setEntry(const Entry& entry) {
+I4 setEntry(const EntryWrite& entry) {
     return statusOf(changeFile(userFile(), [&](std::string_view bytes) {
         const auto text = bytes.empty() ? "[" + std::string(listOfSources) + "]\n" : std::string(bytes);
-        return edited(text, editToSet(text, entry.section, entry.key, entry.value));
+        return withEdits(text, editsFor(text, {&entry, 1}));
     }));
 }
 
@@ -115,9 +104,10 @@ I4 mirrorDataSource(std::string_view source, std::string_view valueName, I4 type
 I4 forgetDataSource(std::string_view source) {
     const auto section = lineText(source);
     return statusOf(changeFile(userFile(), [&](std::string_view bytes) {
-        const auto removed = edited(bytes, editToRemoveSection(bytes, section));
+        const auto removed = withEdits(bytes, editsToRemoveSection(bytes, section));
         const auto text = removed ? *removed : std::string(bytes);
-        const auto unlisted = edited(text, editToRemove(text, listOfSources, section));
+        const EntryWrite unlisting{std::string(listOfSources), section, std::nullopt};
+        const auto unlisted = withEdits(text, editsFor(text, {&unlisting, 1}));
         return unlisted ? unlisted : removed;
     }));
 }

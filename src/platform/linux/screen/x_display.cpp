@@ -87,10 +87,15 @@ std::vector<std::uint32_t> XDisplay::numbers(xcb_get_property_cookie_t asked) co
     return {first, first + answer->value_len};
 }
 
-std::string XDisplay::bytes(xcb_get_property_cookie_t asked) const {
+XDisplay::Property XDisplay::property(xcb_get_property_cookie_t asked) const {
     const auto answer = reply(xcb().get_property_reply, asked);
     if (!answer || answer->format != 8) return {};
-    return {static_cast<const char*>(xcb().get_property_value(answer.get())), answer->value_len};
+    const auto* const first = static_cast<const char*>(xcb().get_property_value(answer.get()));
+    return {answer->type, std::string(first, answer->value_len)};
+}
+
+std::string XDisplay::bytes(xcb_get_property_cookie_t asked) const {
+    return property(asked).bytes;
 }
 
 void XDisplay::sync() {

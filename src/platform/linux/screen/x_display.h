@@ -55,7 +55,13 @@ class XDisplay {
     xcb_get_property_cookie_t askProperty(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;
     /// The 32-bit numbers of a property, empty where it is missing or of another format.
     std::vector<std::uint32_t> numbers(xcb_get_property_cookie_t asked) const;
-    /// The bytes of a property, empty where it is missing or of another format.
+    /// A property of bytes with its type; empty where it is missing or of another format.
+    struct Property {
+        xcb_atom_t type = XCB_ATOM_NONE;
+        std::string bytes;
+    };
+    Property property(xcb_get_property_cookie_t asked) const;
+    /// Its bytes alone.
     std::string bytes(xcb_get_property_cookie_t asked) const;
 
     /// Sends what has been asked, waits until the server has done it, and drops events and errors that came.

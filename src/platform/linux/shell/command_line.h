@@ -23,6 +23,7 @@ std::vector<CommandWord> wordsOf(std::string_view line);
 struct Command {
     std::string program;  ///< its path
     std::vector<std::string> arguments;
+    std::string folder = {};  ///< to start in; empty for the current one
 };
 
 /// Finds the program that a line begins with. One whose name has blanks needs no quotes. The rest goes to it

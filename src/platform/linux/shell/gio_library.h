@@ -78,6 +78,9 @@ struct GioLibrary {
     Bound<decltype(g_app_info_get_commandline)> app_info_get_commandline{gio, "g_app_info_get_commandline"};
     Bound<decltype(g_app_info_launch)> app_info_launch{gio, "g_app_info_launch"};
     Bound<decltype(g_app_info_launch_uris)> app_info_launch_uris{gio, "g_app_info_launch_uris"};
+    Bound<decltype(g_bus_get_sync)> bus_get_sync{gio, "g_bus_get_sync"};
+    Bound<decltype(g_dbus_connection_flush_sync)> dbus_connection_flush_sync{gio,
+                                                                             "g_dbus_connection_flush_sync"};
     Bound<decltype(g_dbus_address_get_for_bus_sync)> dbus_address_get_for_bus_sync{
         gio, "g_dbus_address_get_for_bus_sync"};
     Bound<decltype(g_dbus_connection_new_for_address_sync)> dbus_connection_new_for_address_sync{

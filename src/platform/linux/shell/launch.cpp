@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "frame/ascii_case.h"
 #include "frame/error.h"
 #include "frame/last_error.h"
 #include "platform/linux/shell/command_line.h"
@@ -68,9 +69,7 @@ Started startByVerb(const LauncherCommand& command) {
 bool isForTheTable(std::string_view line) {
     const auto words = wordsOf(line);
     if (words.empty()) return false;
-    auto name = words[0].text;
-    std::ranges::transform(name, name.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? char(c | 0x20) : c; });
+    auto name = smallAscii(words[0].text);
     if (name.ends_with(".exe")) name.resize(name.size() - 4);
     return name == "rundll32" || name == "sndvol32";
 }

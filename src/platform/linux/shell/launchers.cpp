@@ -7,6 +7,7 @@
 #include <optional>
 #include <set>
 
+#include "frame/ascii_case.h"
 #include "frame/utf8.h"
 #include "platform/linux/files/paths.h"
 #include "platform/linux/text/letter_case.h"
@@ -78,7 +79,7 @@ NormalLine normalised(std::string_view line) {
         const char c = line[at];
         const bool separates = c == ' ' || c == ',';
         if (separates && (normal.text.empty() || normal.text.back() == ' ')) continue;
-        normal.text += separates ? ' ' : c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+        normal.text += separates ? ' ' : smallAscii(c);
         normal.places.push_back(at);
     }
     return normal;

@@ -2,9 +2,13 @@
 
 #if __has_include(<gio/gdesktopappinfo.h>)
 
+#include <cstdlib>
 #include <fcntl.h>
 
+#include "frame/utf8.h"
 #include "platform/linux/files/file_descriptor.h"
+#include "platform/linux/files/file_facts.h"
+#include "platform/linux/files/file_url.h"
 #include "platform/linux/shell/message_bus.h"
 #include "platform/linux/shell/programs.h"
 
@@ -12,8 +16,7 @@ namespace tovera {
 namespace {
 
 bool isAddress(const std::string& target) {
-    const auto colon = target.find("://");
-    return colon != std::string::npos && target.find('/') == colon + 1;
+    return !schemeOf(fromUtf8(target)).empty();
 }
 
 GioOwned<GFile> fileOf(const std::string& target) {
@@ -37,13 +40,32 @@ GioOwned<GAppInfo> appOf(const std::string& target) {
     return type ? appFor(type) : nullptr;
 }
 
+/// A program that is reached over the session's bus is started by a message, which a process that ends soon
+/// would take with it.
+void flushBus() {
+    const char* const runtime = std::getenv("XDG_RUNTIME_DIR");
+    const bool hasBus =
+        std::getenv("DBUS_SESSION_BUS_ADDRESS") || (runtime && factsOf(std::string(runtime) + "/bus"));
+    if (!hasBus) return;
+    const GioOwned<GDBusConnection> bus(gio().bus_get_sync(G_BUS_TYPE_SESSION, nullptr, GioError().out()));
+    if (bus) gio().dbus_connection_flush_sync(bus.get(), nullptr, GioError().out());
+}
+
 bool launch(GAppInfo* app, const std::string& target) {
-    const auto file = fileOf(target);
-    GList files{file.get(), nullptr, nullptr};
-    return gio().app_info_launch(app, &files, nullptr, GioError().out()) != 0;
+    std::string address = target;
+    const auto file = isAddress(target) ? nullptr : fileOf(target);
+    GList targets{file ? static_cast<void*>(file.get()) : address.data(), nullptr, nullptr};
+    const auto start = file ? gio().app_info_launch.address() : gio().app_info_launch_uris.address();
+    const bool started = start(app, &targets, nullptr, GioError().out()) != 0;
+    if (started) flushBus();
+    return started;
 }
 
 }  // namespace
+
+bool hasDesktopLibraries() {
+    return gio().gio.isPresent();
+}
 
 std::optional<Opener> openerOf(const std::string& path) {
     if (!gio().gio.isPresent()) return std::nullopt;
@@ -87,6 +109,9 @@ bool openWithDialog(const std::string& path) {
 
 namespace tovera {
 
+bool hasDesktopLibraries() {
+    return false;
+}
 std::optional<Opener> openerOf(const std::string&) {
     return std::nullopt;
 }

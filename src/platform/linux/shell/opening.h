@@ -15,8 +15,11 @@ struct Opener {
 /// The program that the desktop has for an existing file.
 std::optional<Opener> openerOf(const std::string& path);
 
-/// Opens a file or an address (`http://…`) by the desktop's own program for it. False when there is none, or
-/// when it can't be started.
+/// Whether the desktop's libraries are there.
+bool hasDesktopLibraries();
+
+/// Opens a file or an address (`http://…`, `mailto:…`) by the desktop's own program for it. False when there
+/// is none, or when it can't be started.
 bool openByDesktop(const std::string& target);
 
 /// Starts the desktop's own program for a type, with no file.

@@ -45,25 +45,33 @@ void resetSignals() {
     sigprocmask(SIG_SETMASK, &none, nullptr);
 }
 
-[[noreturn]] void becomeProgram(const char* path, char* const* arguments, char* const* environment,
-                                int reports) {
+/// What the copy of the process needs, made before it.
+struct Beginning {
+    const char* path;
+    const char* folder;  ///< empty for the current one
+    char* const* arguments;
+    char* const* environment;
+};
+
+[[noreturn]] void becomeProgram(const Beginning& program, int reports) {
     constexpr int firstFree = 3;  // behind the standard streams
     reports = fcntl(reports, F_DUPFD_CLOEXEC, firstFree);
     const int nothing = open("/dev/null", O_RDWR);
     for (int stream = 0; stream <= 2; ++stream) dup2(nothing, stream);
     close_range(firstFree, ~0U, CLOSE_RANGE_CLOEXEC);
     resetSignals();
-    execve(path, arguments, environment);
+    if (!*program.folder || chdir(program.folder) == 0)
+        execve(program.path, program.arguments, program.environment);
     const int error = errno;
     [[maybe_unused]] const auto told = write(reports, &error, sizeof error);
     _exit(1);
 }
 
 /// The child leaves the host's session and makes the process itself, which so belongs to nobody here.
-[[noreturn]] void leaveHost(const char* path, char* const* arguments, char* const* environment, int reports) {
+[[noreturn]] void leaveHost(const Beginning& program, int reports) {
     setsid();
     const pid_t process = fork();
-    if (process == 0) becomeProgram(path, arguments, environment, reports);
+    if (process == 0) becomeProgram(program, reports);
     const Report report{process, process < 0 ? errno : 0};
     [[maybe_unused]] const auto told = write(reports, &report.process, sizeof report.process);
     if (process < 0) [[maybe_unused]]
@@ -86,12 +94,14 @@ R8 startProcess(const Command& command) {
     for (const auto& argument : command.arguments) arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
     const auto environment = environmentForOthers();
+    const Beginning beginning{command.program.c_str(), command.folder.c_str(), arguments.data(),
+                              environment.data()};
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) raise(ErrorNumber::InvalidCall);
     const FileDescriptor reader(ends[0]);
     FileDescriptor writer(ends[1]);
     const pid_t child = fork();
-    if (child == 0) leaveHost(command.program.c_str(), arguments.data(), environment.data(), writer.get());
+    if (child == 0) leaveHost(beginning, writer.get());
     { const FileDescriptor closed = std::move(writer); }
     if (child < 0) raise(ErrorNumber::InvalidCall);
     Report report;

@@ -3,16 +3,13 @@
 #include <cstdlib>
 #include <unistd.h>
 
+#include "frame/ascii_case.h"
 #include "frame/utf8.h"
 #include "platform/linux/files/file_facts.h"
 #include "platform/linux/files/paths.h"
 
 namespace tovera {
 namespace {
-
-bool isLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
 
 std::optional<FoundProgram> programAt(const std::string& path) {
     const auto facts = factsOfTarget(path);
@@ -47,7 +44,7 @@ bool hasProgram(const std::string& name) {
 
 std::string asHostPath(std::string_view word) {
     const bool hasDrive =
-        word.size() > 2 && isLetter(word[0]) && word[1] == ':' && (word[2] == '\\' || word[2] == '/');
+        word.size() > 2 && isAsciiLetter(word[0]) && word[1] == ':' && (word[2] == '\\' || word[2] == '/');
     const auto path = hasDrive ? foundHostPath(fromUtf8(word)) : std::string();
     return path.empty() ? std::string(word) : path;
 }

@@ -4,6 +4,8 @@
 #include <array>
 #include <vector>
 
+#include "frame/ascii_case.h"
+
 namespace tovera {
 namespace {
 
@@ -74,10 +76,7 @@ I4 readSet(Keywords& words, MciCommand& command) {
 }  // namespace
 
 std::string mciName(std::string_view name) {
-    std::string folded(name);
-    std::ranges::transform(folded, folded.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
-    return folded;
+    return smallAscii(name);
 }
 
 I4 readMciCommand(std::string_view text, MciCommand& command) {

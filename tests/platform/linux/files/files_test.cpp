@@ -1,10 +1,12 @@
 #include "platform/files.h"
 
 #include <gtest/gtest.h>
+#include <map>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "frame/utf8.h"
+#include "platform/linux/child_process.h"
 #include "platform/linux/files/folder_entries.h"
 #include "platform/linux/files/long_names.h"
 #include "platform/linux/files/named_entry.h"
@@ -188,6 +190,48 @@ TEST_F(FileOperations, FileSystemObjectMakesOneFolder) {
                                                       {u"C:\\f\\y", 76},   {u"Q:\\y", 76}, {u"", 5}};
     for (const auto& [path, error] : refused)
         EXPECT_EQ(errorOf([&] { ask(u"CreateFolder", path); }), error) << toUtf8(Bstr(path));
+}
+
+TEST(LinuxFiles, LinesOfManyWritersStayWhole) {
+    const UserFolder files;
+    files.makeFile("x");
+    constexpr int writers = 8;
+    constexpr int lines = 200;
+    const auto line = [](int writer) { return std::string(3000, static_cast<char>('a' + writer)) + "\r\n"; };
+    EXPECT_TRUE(succeedsInEach(writers, [&](int writer) {
+        for (int i = 0; i < lines; ++i) homeFiles().append(u"C:\\journal.txt", line(writer));
+        return 0;
+    }));
+    std::istringstream journal(files.textOf("journal.txt"));
+    std::map<std::string, int> counts;
+    for (std::string text; std::getline(journal, text);) ++counts[text + '\n'];
+    EXPECT_EQ(counts.size(), static_cast<std::size_t>(writers));
+    for (int writer = 0; writer < writers; ++writer) EXPECT_EQ(counts[line(writer)], lines);
+}
+
+TEST(LinuxFiles, NothingIsWrittenInHalf) {
+    const UserFolder files;
+    files.makeFile("journal.txt", "one\r\n");
+    files.makeFile("source.txt", std::string(8000, 'x'));
+    EXPECT_TRUE(succeedsOnFullDisk(4096, [&](auto&&) {
+        const auto append = [&] { homeFiles().append(u"C:\\journal.txt", std::string(8000, 'y')); };
+        const auto copy = [&] { homeFiles().copy(u"C:\\source.txt", u"C:\\journal.txt"); };
+        return errorOf(append) == 61 && errorOf(copy) == 61 ? 0 : 1;
+    }));
+    EXPECT_EQ(files.textOf("journal.txt"), "one\r\n");
+    auto& port = homeFiles();
+    const std::pair<const char16_t*, I4> appended[] = {
+        {u"C:\\aucun\\x", 76}, {u"C:\\", 75}, {u"", 75}, {u"Z:\\dev\\null", 75}};
+    for (const auto& [path, error] : appended)
+        EXPECT_EQ(errorOf([&, p = path] { port.append(p, "x"); }), error);
+    EXPECT_EQ(errorOf([&] { port.remove(u"C:\\aucun.txt"); }), 53);
+    EXPECT_EQ(errorOf([&] { port.copy(u"C:\\aucun.txt", u"C:\\x"); }), 53);
+    EXPECT_EQ(errorOf([&] { port.changeFolder(u"C:\\journal.txt"); }), 76);
+    files.makeFile("B.LNK");
+    files.makeFile("a.lnk.txt");
+    EXPECT_EQ(port.filesLike(u"C:\\*.lnk"), std::vector<Bstr>{u"B.LNK"});
+    EXPECT_EQ(port.filesLike(u"C:\\?.l*"), (std::vector<Bstr>{u"B.LNK", u"a.lnk.txt"}));
+    EXPECT_TRUE(port.filesLike(u"C:\\aucun\\*").empty());
 }
 
 }  // namespace

@@ -3,11 +3,13 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <random>
+#include <sys/file.h>
 
 #include "frame/utf8.h"
 #include "platform/linux/child_process.h"
+#include "platform/linux/files/file_descriptor.h"
+#include "platform/linux/files/file_url.h"
 #include "platform/linux/libraries/shared_library.h"
-#include "platform/linux/network/file_url.h"
 #include "platform/linux/network/loopback_server.h"
 #include "platform/linux/temporary_folder.h"
 #include "platform/linux/text/code_pages.h"
@@ -78,6 +80,12 @@ struct Downloads : ::testing::Test {
         for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
             all.insert(entry.path().filename());
         return all;
+    }
+
+    /// What a process that was killed had begun in the folder comes to its end under the folder's lock.
+    void waitForChanges() const {
+        const FileDescriptor lock(open(folder.path().c_str(), O_RDONLY | O_DIRECTORY));
+        ASSERT_EQ(flock(lock.get(), LOCK_EX), 0);
     }
 
     TemporaryFolder folder;
@@ -180,6 +188,7 @@ TEST_F(Downloads, KilledAtAnyMoment) {
         usleep(moments(random));
         kill(process, SIGKILL);
         resultOf(process);
+        waitForChanges();
         const auto size = std::filesystem::file_size(folder / "f");
         ASSERT_TRUE(size == 8 || size == bigSize) << size;
         ASSERT_EQ(names(), std::set<std::string>{"f"});

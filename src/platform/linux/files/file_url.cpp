@@ -1,24 +1,21 @@
-#include "platform/linux/network/file_url.h"
+#include "platform/linux/files/file_url.h"
 
 #include <algorithm>
 
+#include "frame/ascii_case.h"
 #include "frame/utf8.h"
 #include "platform/linux/text/code_pages.h"
 
 namespace tovera {
 namespace {
 
-bool isLetter(char16_t c) {
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
-}
-
 bool isOfScheme(char16_t c) {
-    return isLetter(c) || (c >= u'0' && c <= u'9') || c == u'+' || c == u'-' || c == u'.';
+    return isAsciiLetter(c) || (c >= u'0' && c <= u'9') || c == u'+' || c == u'-' || c == u'.';
 }
 
 int valueOf(char16_t digit) {
     if (digit >= u'0' && digit <= u'9') return digit - u'0';
-    const auto lower = static_cast<char16_t>(digit | 0x20);
+    const auto lower = smallAscii(digit);
     return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
 }
 
@@ -48,7 +45,7 @@ std::u16string decoded(std::u16string_view text) {
 }
 
 bool isDrive(std::u16string_view text) {
-    return text.size() >= 2 && isLetter(text[0]) && (text[1] == u':' || text[1] == u'|');
+    return text.size() >= 2 && isAsciiLetter(text[0]) && (text[1] == u':' || text[1] == u'|');
 }
 
 bool isSlash(char16_t c) {
@@ -56,15 +53,14 @@ bool isSlash(char16_t c) {
 }
 
 bool isThisMachine(std::u16string_view host) {
-    constexpr std::u16string_view name = u"localhost";
-    return host.empty() || std::ranges::equal(host, name, {}, [](char16_t c) { return c | 0x20; });
+    return host.empty() || isWord(host, u"localhost");
 }
 
 }  // namespace
 
 std::u16string_view schemeOf(std::u16string_view url) {
     const auto colon = url.find(u':');
-    if (colon == url.npos || colon < 2 || !isLetter(url[0])) return {};
+    if (colon == url.npos || colon < 2 || !isAsciiLetter(url[0])) return {};
     const auto scheme = url.substr(0, colon);
     return std::ranges::all_of(scheme, isOfScheme) ? scheme : std::u16string_view();
 }
@@ -72,8 +68,7 @@ std::u16string_view schemeOf(std::u16string_view url) {
 std::optional<std::u16string> pathOfUrl(std::u16string_view url) {
     const auto scheme = schemeOf(url);
     if (scheme.empty()) return std::u16string(url);
-    constexpr std::u16string_view file = u"file";
-    if (!std::ranges::equal(scheme, file, {}, [](char16_t c) { return c | 0x20; })) return {};
+    if (!isWord(scheme, u"file")) return {};
     auto path = decoded(url.substr(scheme.size() + 1));
     const auto isAt = [&](std::size_t i) { return i < path.size() && isSlash(path[i]); };
     if (isAt(0) && isAt(1)) {

@@ -1,0 +1,110 @@
+#include "platform/linux/files/new_file.h"
+
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "platform/linux/files/path_text.h"
+#include "platform/linux/files/replacing.h"
+
+namespace tovera {
+namespace {
+
+/// Whether a file may be made or replaced under a name. The facts are left as they are where there is none.
+int checkReplaceable(const FileDescriptor& folder, const char* name, struct stat* old) {
+    struct stat facts {};
+    if (fstatat(folder.get(), name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return errno == ENOENT ? 0 : errno;
+    if (!S_ISREG(facts.st_mode)) return S_ISDIR(facts.st_mode) ? EISDIR : EACCES;
+    if (faccessat(folder.get(), name, W_OK, AT_EACCESS) != 0) return errno;
+    if (old) *old = facts;
+    return 0;
+}
+
+}  // namespace
+
+NewFile::~NewFile() {
+    if (!ownName_.empty()) unlinkat(folder_.get(), ownName_.c_str(), 0);
+}
+
+int NewFile::begin(const std::string& path) {
+    auto target = path;
+    if (const int error = followLinks(target)) return error;
+    if (target.empty() || target.ends_with('/')) return EISDIR;
+    folder_ = FileDescriptor(open(folderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder_.isOpen()) return errno;
+    name_ = target.substr(target.rfind('/') + 1);
+    if (const int error = checkReplaceable(folder_, name_.c_str(), nullptr)) return error;
+    return openNameless();
+}
+
+int NewFile::openNameless() {
+    file_ = createNameless(folder_, 0666);
+    if (file_.isOpen()) return 0;
+    if (errno != EOPNOTSUPP && errno != EISDIR && errno != ENOENT) return errno;
+    for (int number = 0;; ++number) {
+        ownName_ = newFileName + std::string("-") + std::to_string(getpid()) + '-' + std::to_string(number);
+        constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+        file_ = FileDescriptor(openat(folder_.get(), ownName_.c_str(), flags, 0666));
+        if (file_.isOpen()) return 0;
+        ownName_.clear();
+        if (errno != EEXIST) return errno;
+    }
+}
+
+int NewFile::append(std::string_view bytes) {
+    return writeAll(file_.get(), bytes);
+}
+
+int NewFile::finish() {
+    FileDescriptor lockFile;
+    if (const int error = lockFolder(folder_, lockFile)) return error;
+    struct stat old {};
+    if (const int error = checkReplaceable(folder_, name_.c_str(), &old)) return error;
+    if (old.st_nlink > 0) {
+        if (const int error = takeOver(file_, old)) return error;
+    }
+    if (ownName_.empty()) {
+        unlinkat(folder_.get(), newFileName, 0);
+        if (old.st_nlink > 0) return replaceOld();
+        const int error = giveName(file_, folder_, name_.c_str());
+        return error == EEXIST ? replaceOld() : error;
+    }
+    if (renameat(folder_.get(), ownName_.c_str(), folder_.get(), name_.c_str()) != 0) return errno;
+    ownName_.clear();
+    return 0;
+}
+
+/// A file without a name can't replace another one at once: it takes a name of its own between. Both steps
+/// are one of a short process that signals to this one don't reach, so that none of them leaves that name
+/// behind.
+int NewFile::replaceOld() {
+    const auto self = "/proc/self/fd/" + std::to_string(file_.get());
+    const int folder = folder_.get();
+    const char* const name = name_.c_str();
+    const char* const path = self.c_str();
+    volatile int error = 0;
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before);
+    const pid_t process = vfork();  // shares the memory: system calls only
+    if (process == 0) {
+        if (linkat(AT_FDCWD, path, folder, newFileName, AT_SYMLINK_FOLLOW) != 0) {
+            error = errno;
+        } else if (renameat(folder, newFileName, folder, name) != 0) {
+            error = errno;
+            unlinkat(folder, newFileName, 0);
+        }
+        _exit(0);
+    }
+    if (process < 0) error = errno;
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    while (process > 0 && waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
+    }
+    return error;
+}
+
+}  // namespace tovera

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <array>
+#include <cstdlib>
+#include <fcntl.h>
+#include <signal.h>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+namespace tovera::testing {
+
+/// A program that ends with the test.
+class RunningProgram {
+  public:
+    RunningProgram() = default;
+    explicit RunningProgram(const std::vector<std::string>& words, int output = -1) : process_(fork()) {
+        if (process_ != 0) return;
+        if (output >= 0) dup2(output, 3);
+        std::vector<char*> arguments;
+        for (const auto& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+        arguments.push_back(nullptr);
+        for (const int stream : {1, 2}) dup2(open("/dev/null", O_WRONLY), stream);
+        execvp(arguments[0], arguments.data());
+        _exit(127);
+    }
+    RunningProgram(const RunningProgram&) = delete;
+    RunningProgram& operator=(const RunningProgram&) = delete;
+    ~RunningProgram() {
+        if (process_ <= 0) return;
+        kill(process_, SIGTERM);
+        waitpid(process_, nullptr, 0);
+    }
+
+  private:
+    pid_t process_ = -1;
+};
+
+/// Where a program of this machine is, whatever path a test has set; empty where there is none.
+inline std::string findProgramOfMachine(const std::string& name) {
+    for (const auto* const folder : {"/usr/bin/", "/usr/local/bin/", "/bin/"})
+        if (access((folder + name).c_str(), X_OK) == 0) return folder + name;
+    return {};
+}
+
+/// Whether a program stands on the usual path of this machine.
+inline bool machineHas(const std::string& program) {
+    return std::system(("command -v " + program + " >/dev/null 2>&1").c_str()) == 0;
+}
+
+/// A display of the test's own without a screen; `isThere` is false where this machine can't have one.
+class OwnDisplay {
+  public:
+    OwnDisplay() : OwnDisplay(displayEnds()) {}
+    OwnDisplay(const OwnDisplay&) = delete;
+    OwnDisplay& operator=(const OwnDisplay&) = delete;
+    ~OwnDisplay() { unsetenv("DISPLAY"); }
+
+    bool isThere() const { return isThere_; }
+
+  private:
+    static std::array<int, 2> displayEnds() {
+        std::array<int, 2> ends{-1, -1};
+        if (machineHas("Xvfb") && pipe(ends.data()) != 0) ends = {-1, -1};
+        return ends;
+    }
+    explicit OwnDisplay(const std::array<int, 2>& ends)
+        : server_(ends[1] < 0 ? std::vector<std::string>{"true"}
+                              : std::vector<std::string>{"Xvfb", "-displayfd", "3", "-nolisten", "tcp",
+                                                         "-screen", "0", "800x600x24"},
+                  ends[1]) {
+        if (ends[1] < 0) return;
+        close(ends[1]);
+        std::array<char, 16> number{};
+        const auto count = read(ends[0], number.data(), number.size() - 1);
+        close(ends[0]);
+        if (count <= 0) return;
+        const std::string name = ":" + std::string(number.data(), static_cast<std::size_t>(count));
+        setenv("DISPLAY", name.substr(0, name.find('\n')).c_str(), 1);
+        isThere_ = true;
+    }
+
+    RunningProgram server_;
+    bool isThere_ = false;
+};
+
+}  // namespace tovera::testing
