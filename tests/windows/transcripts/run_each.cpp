@@ -1,6 +1,7 @@
-// Runs command lines one after the other, so that many need only one start of Windows. Each line of standard input
-// is the path of a file for the program's own standard input (or "-"), a tab, and a command line, in UTF-8. What the
-// program writes goes where our own output goes; behind it comes a line of the byte 4, "status" and the exit status.
+// Runs command lines one after the other, so that many need only one start of Windows. Each line of standard
+// input is the path of a file for the program's own standard input (or "-"), a tab, and a command line, in
+// UTF-8. What the program writes goes where our own output goes; behind it comes a line of the byte 4,
+// "status" and the exit status.
 #include <iostream>
 #include <string>
 #include <windows.h>
@@ -9,8 +10,8 @@ namespace {
 
 std::wstring wide(const std::string& text) {
     std::wstring units(text.size(), L'\0');
-    const int length = MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), units.data(),
-                                           static_cast<int>(units.size()));
+    const int length = MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
+                                           units.data(), static_cast<int>(units.size()));
     units.resize(static_cast<std::size_t>(length));
     return units;
 }
@@ -30,7 +31,8 @@ DWORD run(std::wstring commandLine, HANDLE input) {
     startup.hStdInput = input;
     startup.hStdOutput = startup.hStdError = output;
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process))
+    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
+                        &process))
         return GetLastError();
     WaitForSingleObject(process.hProcess, INFINITE);
     DWORD status = 0;
