@@ -21,7 +21,9 @@ target_include_directories(tovera PUBLIC
 include(Program)
 
 # The generators of texts made from the class table.
-add_executable(reference_pages tools/reference_pages.cpp)
+file(GLOB reference_sources CONFIGURE_DEPENDS tools/reference/*.cpp)
+add_executable(reference_pages ${reference_sources})
+target_include_directories(reference_pages PRIVATE tools)
 target_link_libraries(reference_pages PRIVATE tovera tovera_options)
 file(GLOB interface_sources CONFIGURE_DEPENDS tools/interface/*.cpp)
 add_executable(interface_texts ${interface_sources})

@@ -1,7 +1,7 @@
 // Runs command lines one after the other, so that many need only one start of Windows. Each line of standard
 // input is the path of a file for the program's own standard input (or "-"), a tab, and a command line, in
-// UTF-8. What the program writes goes where our own output goes; behind it comes a line of the byte 4 and the
-// exit status.
+// UTF-8. What the program writes goes where our own output goes; behind it comes a line of the byte 4,
+// "status" and the exit status.
 #include <iostream>
 #include <string>
 #include <windows.h>
@@ -52,6 +52,6 @@ int main() {
         const HANDLE input = openInput(line.substr(0, tab));
         const auto status = run(wide(line.substr(tab + 1)), input);
         CloseHandle(input);
-        std::cout << '\4' << status << std::endl;
+        std::cout << "\4status " << status << std::endl;
     }
 }
