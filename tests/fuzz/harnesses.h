@@ -8,6 +8,7 @@
 #include "conversion/french_words.h"
 #include "frame/date_time.h"
 #include "frame/utf8.h"
+#include "fuzz/device_harnesses.h"
 #include "fuzz/network_harnesses.h"
 #include "support/test_platform.h"
 
@@ -85,6 +86,8 @@ inline constexpr Harness harnesses[] = {
     {"step", &stepTexts, "ab(=,)\"#[[..]]01299E -:TrueNothingEmptyNullFalse\xC3\xA9"},
     {"utf8", &utf8Texts, "a\x80\xBF\xC3\xE2\x82\xAC\xED\xA0\xF0\x9F\x98\xF4\x90"},
     {"resolv", &linesOfServers, "nameserver nameserver 1.0.255#\n\r\t;:"},
+    {"mci", &soundCommands, "open play set cdaudio door closed alias type \"x\" \t"},
+    {"mounts", &mountLists, "36 98:0 / /mnt\\040 rw - ext4 /dev \n"},
     {"url", &urlsOfFiles, "file:file:///\\%%41%C3c:|localhost?#+."},
 };
 
