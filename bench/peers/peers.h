@@ -61,6 +61,16 @@ inline Loop (*listOfInterfaces)() = nullptr;
 /// libcurl: a URL fetched into a file.
 inline Loop (*curlDownload)(std::string url, std::string path) = nullptr;
 
+/// The kernel's list of mounts, read as a text.
+inline Loop (*mountListRead)() = nullptr;
+
+/// On a connection to the display: the pointer's position; the requests that the states of all keys take.
+inline Loop (*xcbPointer)() = nullptr;
+inline Loop (*xcbKeys)() = nullptr;
+
+/// GStreamer's `playbin`: a sound file made ready, played, and given up.
+inline Loop (*gStreamerPlay)(std::string path) = nullptr;
+
 /// The loop of a peer, or an empty one when it isn't installed.
 template <class... Inputs>
 Loop loopIfInstalled(Loop (*peer)(Inputs...), Inputs... inputs) {
