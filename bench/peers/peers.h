@@ -46,6 +46,16 @@ inline Loop (*glibWrite)(ProfileEntry entry) = nullptr;
 /// SimpleIni: loaded anew, and one entry read.
 inline Loop (*simpleIniRead)(ProfileEntry entry) = nullptr;
 
+/// GLib: a program started without a wait for it; the user's folder for the desktop, read anew.
+inline Loop (*glibSpawn)(std::string program) = nullptr;
+inline Loop (*glibSpecialFolder)() = nullptr;
+
+/// Qt's parts of a path, put together again with the extension in capitals.
+inline Loop (*qtPathParts)(std::string path) = nullptr;
+
+/// XCB without anything in between: the title of the active window, asked for as we do.
+inline Loop (*xcbTitle)() = nullptr;
+
 /// OpenSSL's RC4 over so many bytes; a key file read and a short text signed; both key files of a folder
 /// read.
 inline Loop (*openSslRc4)(std::size_t size) = nullptr;
