@@ -35,12 +35,12 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_COMPONENT_PROGRAM_DESCRIPTION "Utility functions with French names and messages
- Numbers in French words, calendar, angles, registry and INI files, translation
- files, desktop, network, encryption, data sources, sound, mouse and keyboard,
- called by name from the shell.")
+Numbers in French words, calendar, angles, registry and INI files, translation
+files, desktop, network, encryption, data sources, sound, mouse and keyboard,
+called by name from the shell.")
 set(CPACK_COMPONENT_DEV_DESCRIPTION "Utility functions with French names and messages (C++ library)
- The static library of tovera, its headers, and its files for CMake and
- pkg-config.")
+The static library of tovera, its headers, and its files for CMake and
+pkg-config.")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME tovera)
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME tovera-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)

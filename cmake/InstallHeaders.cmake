@@ -1,5 +1,7 @@
 # cmake -DFROM=src -DTO=include/tovera -P InstallHeaders.cmake: installs tovera.hpp and the headers that it needs, and no
 # others. They lie under tovera/ and include each other so, since users may have a folder `platform` of their own.
+cmake_minimum_required(VERSION 3.25)
+
 set(waiting tovera.hpp)
 set(done "")
 while(waiting)

@@ -11,11 +11,12 @@ int main() {
     const auto date = tovera::createComponent("KADRELDLL.Cls_Date");
     std::cout << *date.call(u"Chrono", 10, 20).as<tovera::I4>() << '\n';
 
-    // A variable by reference takes what the member makes of it.
-    tovera::Variant angle = 10;
-    const auto math = tovera::createComponent("KADRELDLL.Cls_Math");
-    const auto result = math.call(u"MesurePrincipale", tovera::byReference(angle));
-    std::cout << (angle == result ? "the variable has the result" : "the variable differs") << '\n';
+    // A variable by reference takes what the member makes of it: here OEM text becomes ANSI text.
+    tovera::Bstr oem = u"\u201At\u201A";
+    tovera::Bstr ansi = u"...";
+    tovera::createComponent("KADRELDLL.Cls_Conversion")
+        .call(u"ConvertirOemAnsi", tovera::byReference(oem), tovera::byReference(ansi));
+    std::cout << ansi << '\n';
 
     try {
         date.call(u"DateFRtoUS", true, std::u16string(u"one too many"));

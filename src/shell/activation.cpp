@@ -81,7 +81,7 @@ Variant Cls_Windows::ExecuteFichier(const Bstr& FichierDestination) {
     return result;
 }
 
-I2 Cls_Windows::LancerActiverApplication(const Bstr& strTitreAppli, Optional<Bstr> strCheminAppli) {
+I2 Cls_Windows::LancerActiverApplication(Bstr& strTitreAppli, Optional<Bstr> strCheminAppli) {
     I2 result = 0;
     onFailure([&](const CurrentError&) { result = 0; },
               [&] {

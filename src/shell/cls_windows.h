@@ -65,9 +65,10 @@ class Cls_Windows {
 
     /// Puts a shortcut to a program into a folder, by default the user's Startup folder, in place of one of
     /// that name. The folder's variable takes the folder that was used, with its backslash. The current
-    /// folder becomes the component's. A failure is shown in a message box.
-    void CreationRaccourci(const Bstr& strNomDuRaccourci, const Bstr& strPathCible,
-                           Optional<Bstr> strArgument, Optional<Bstr> strPlaceRaccourci);
+    /// folder becomes the component's. A failure is shown in a message box. Name and target come back as the
+    /// code page has them.
+    void CreationRaccourci(Bstr& strNomDuRaccourci, Bstr& strPathCible, Optional<Bstr> strArgument,
+                           Optional<Bstr> strPlaceRaccourci);
 
     // Version and programs.
 
@@ -77,8 +78,8 @@ class Cls_Windows {
     /// nothing was started.
     Variant ExecuteFichier(const Bstr& FichierDestination);
     /// Brings the window with exactly this title forward; without one starts the program, if any is given. 1
-    /// when either was done, else 0.
-    I2 LancerActiverApplication(const Bstr& strTitreAppli, Optional<Bstr> strCheminAppli);
+    /// when either was done, else 0. The title comes back as the code page has it.
+    I2 LancerActiverApplication(Bstr& strTitreAppli, Optional<Bstr> strCheminAppli);
     /// The path of the program that opens a document; empty without one. Error 6 for a code beyond 16 bits.
     Bstr TrouveExecutable(const Bstr& strNomFichier);
     /// Whether the module of this component is the development environment.

@@ -25,8 +25,8 @@ void showError(Services& services, const CurrentError& error) {
 
 }  // namespace
 
-void Cls_Windows::CreationRaccourci(const Bstr& strNomDuRaccourci, const Bstr& strPathCible,
-                                    Optional<Bstr> strArgument, Optional<Bstr> strPlaceRaccourci) {
+void Cls_Windows::CreationRaccourci(Bstr& strNomDuRaccourci, Bstr& strPathCible, Optional<Bstr> strArgument,
+                                    Optional<Bstr> strPlaceRaccourci) {
     auto& services = platform_.services;
     const auto handler = [&](const CurrentError& error) { showError(services, error); };
     onFailure(handler, [&] {

@@ -268,7 +268,9 @@ struct Shortcut : Shell {
 TEST_F(Shortcut, IsMadeInTheComponentsFolderAndMoved) {
     Bstr place = u"C:\\place";
     Bstr arguments = u"/a \u00E9";
-    object.CreationRaccourci(u"Mon lien", u"C:\\prog.exe", arguments, place);
+    Bstr name = u"Mon lien";
+    Bstr target = u"C:\\prog.exe";
+    object.CreationRaccourci(name, target, arguments, place);
     EXPECT_EQ(kit.asked, "|Mon lien|C:\\prog.exe|/a \xE9");
     EXPECT_EQ(place, u"C:\\place\\");
     EXPECT_EQ(files.textOf("place/Mon lien.lnk"), "link");
@@ -278,7 +280,7 @@ TEST_F(Shortcut, IsMadeInTheComponentsFolderAndMoved) {
     EXPECT_FALSE(exists("composant/xMON lien.LNK"));
     EXPECT_EQ(std::filesystem::current_path(), std::filesystem::path(files.onC("composant")));
     files.makeFile("place/Mon lien.lnk", "an older one");
-    object.CreationRaccourci(u"Mon lien", u"C:\\prog.exe", {}, place);
+    object.CreationRaccourci(name, target, {}, place);
     EXPECT_EQ(files.textOf("place/Mon lien.lnk"), "link");
     EXPECT_EQ(place, u"C:\\place\\");
     EXPECT_LE(pumps, 2);

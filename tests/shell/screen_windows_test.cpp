@@ -91,7 +91,9 @@ TEST_F(DesktopWindows, AnApplicationIsRaisedOrStarted) {
         {u"lost", u"prog.exe x", 0},       {u"below", u"", 0}};
     for (const auto& [title, program, result] : rows)
         expectCall(objectOn<Cls_Windows>(ours), gives(result, u"LancerActiverApplication", title, program));
-    EXPECT_EQ(object.LancerActiverApplication(u"aucune", {}), 0);
+    Bstr none = u"aucune \u0416";
+    EXPECT_EQ(object.LancerActiverApplication(none, {}), 0);
+    EXPECT_EQ(none, Bstr(u"aucune J")) << "a title comes back from the code page";
     EXPECT_EQ(windows.done, (std::vector<std::string>{"top 3", "active 3"}));
 }
 

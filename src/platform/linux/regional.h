@@ -4,8 +4,8 @@
 
 namespace tovera {
 
-/// The settings of the user's locale, as the environment names it; those of the C locale when it names none
-/// that is installed.
+/// The settings of the user's locale, as the environment names it: for numbers and for dates each by its own
+/// category, and those of the C locale for one that isn't installed.
 RegionalSettings userRegionalSettings();
 
 }  // namespace tovera

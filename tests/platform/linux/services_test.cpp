@@ -96,20 +96,34 @@ TEST(LinuxServices, ObjectsThatTheHostHasRegistered) {
 }
 
 TEST(LinuxServices, RegionalSettingsOfTheLocale) {
+    using Environment = std::vector<std::pair<const char*, const char*>>;
     const TemporaryFolder folder;
-    const auto settingsUnder = [&](const char* locale) {
-        setenv("LC_ALL", locale, 1);
-        setenv("LOCPATH", folder.path().c_str(), 1);
+    const auto settingsUnder = [&](Environment environment) {
+        for (const auto* name : {"LC_ALL", "LC_NUMERIC", "LC_TIME", "LC_CTYPE", "LANG"}) unsetenv(name);
+        environment.emplace_back("LOCPATH", folder.path().c_str());
+        for (const auto& [name, value] : environment) setenv(name, value, 1);
         const auto [decimal, thousands, order, latestTwoDigitYear] = userRegionalSettings();
-        unsetenv("LOCPATH");
-        unsetenv("LC_ALL");
+        for (const auto& [name, value] : environment) unsetenv(name);
         return std::tuple(decimal, thousands, order, latestTwoDigitYear);
     };
-    for (const auto* plain : {"C", "xx_XX.not-installed"})
-        EXPECT_EQ(settingsUnder(plain), std::tuple(u'.', u',', DateOrder::MonthDayYear, 2029));
-    const auto make = "localedef -i fr_FR -f UTF-8 " + (folder / "fr_FR.UTF-8") + " 2>/dev/null";
-    if (std::system(make.c_str()) != 0) GTEST_SKIP() << "no French locale can be made here";
-    EXPECT_EQ(settingsUnder("fr_FR.UTF-8"), std::tuple(u',', u'\u202F', DateOrder::DayMonthYear, 2029));
+    const std::tuple inC(u'.', u',', DateOrder::MonthDayYear, 2029);
+    for (const auto* plain : {"C", "xx_XX.not-installed"}) EXPECT_EQ(settingsUnder({{"LC_ALL", plain}}), inC);
+    for (const std::string name : {"fr_FR.UTF-8", "fr_FR.ISO-8859-1", "de_CH.ISO-8859-1"}) {
+        const auto dot = name.find('.');
+        const auto make = "localedef -i " + name.substr(0, dot) + " -f " + name.substr(dot + 1) + " " +
+                          (folder / name) + " 2>/dev/null";
+        if (std::system(make.c_str()) != 0) GTEST_SKIP() << "no locales can be made here";
+    }
+    const std::tuple inFrance(u',', u'\u202F', DateOrder::DayMonthYear, 2029);
+    const std::pair<Environment, std::tuple<char16_t, char16_t, DateOrder, I4>> rows[] = {
+        {{{"LC_ALL", "fr_FR.UTF-8"}}, inFrance},
+        {{{"LANG", "fr_FR.UTF-8"}, {"LC_CTYPE", "UTF-8"}}, inFrance},
+        {{{"LANG", "fr_FR.UTF-8"}, {"LC_TIME", "C"}}, {u',', u'\u202F', DateOrder::MonthDayYear, 2029}},
+        {{{"LANG", "fr_FR.UTF-8"}, {"LC_NUMERIC", "xx_XX"}}, {u'.', u',', DateOrder::DayMonthYear, 2029}},
+        {{{"LANG", "fr_FR.ISO-8859-1"}}, {u',', u'\u00A0', DateOrder::DayMonthYear, 2029}},
+        {{{"LANG", "C"}, {"LC_NUMERIC", "de_CH.ISO-8859-1"}}, {u'.', u'\'', DateOrder::MonthDayYear, 2029}}};
+    for (const auto& [environment, settings] : rows)
+        EXPECT_EQ(settingsUnder(environment), settings) << ::testing::PrintToString(environment);
 }
 
 }  // namespace

@@ -60,25 +60,37 @@ TEST(Launchers, OpenDocumentsByTheirProgram) {
     EXPECT_EQ(recorder.take(1).size(), 1U);
 }
 
+/// What the shell finds in a link file: its target and its arguments.
+std::pair<std::wstring, std::wstring> readByTheShell(const std::wstring& path) {
+    void* made = nullptr;
+    EXPECT_EQ(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, &made), S_OK);
+    Pointer<IShellLinkW> link;
+    *link.out() = static_cast<IShellLinkW*>(made);
+    Pointer<IPersistFile> file;
+    link->QueryInterface(IID_IPersistFile, file.outAny());
+    EXPECT_EQ(file->Load(path.c_str(), STGM_READ), S_OK);
+    std::array<wchar_t, MAX_PATH> target{}, arguments{};
+    link->GetPath(target.data(), MAX_PATH, nullptr, 0);
+    link->GetArguments(arguments.data(), MAX_PATH);
+    return {target.data(), arguments.data()};
+}
+
 TEST(Shortcuts, AreReadBackByTheShell) {
     const Recorder keepsTheCurrentFolder;
     std::filesystem::create_directories(L"C:\\client");
     expectResult(windows().get(), L"CreationRaccourci",
                  {L"Éditeur", L"C:\\windows\\notepad.exe", L"/p \"a b\"", L"C:\\client"}, {});
-    void* made = nullptr;
-    ASSERT_EQ(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, &made), S_OK);
-    Pointer<IShellLinkW> link;
-    *link.out() = static_cast<IShellLinkW*>(made);
-    Pointer<IPersistFile> file;
-    link->QueryInterface(IID_IPersistFile, file.outAny());
-    ASSERT_EQ(file->Load(L"C:\\client\\Éditeur.lnk", STGM_READ), S_OK);
-    std::array<wchar_t, MAX_PATH> text{};
-    link->GetPath(text.data(), MAX_PATH, nullptr, 0);
-    EXPECT_EQ(std::wstring(text.data()), L"C:\\windows\\notepad.exe");
-    link->GetArguments(text.data(), MAX_PATH);
-    EXPECT_EQ(std::wstring(text.data()), L"/p \"a b\"");
+    EXPECT_EQ(readByTheShell(L"C:\\client\\Éditeur.lnk"),
+              std::pair(std::wstring(L"C:\\windows\\notepad.exe"), std::wstring(L"/p \"a b\"")));
     EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(Component::loaded().file()).parent_path() /
                                          L"Éditeur.lnk"));
+}
+
+/// The file that the Linux home writes: its tests hold that it does.
+TEST(Shortcuts, OfTheOtherHomeAreReadByTheShell) {
+    EXPECT_EQ(
+        readByTheShell(std::filesystem::path(TOVERA_ROOT "/tests/fixtures/lien.lnk").wstring()),
+        std::pair(std::wstring(L"C:\\windows\\notepad.exe"), std::wstring(L"/p \"\u00E9t\u00E9 \u0416\"")));
 }
 
 int ticks = 0;

@@ -24,7 +24,8 @@ class LinuxAdapters : public Adapters {
     I4 Netbios(NetBiosBlock& block) override {
         if (block.ncb_command == netBiosCommands::reset) return goodAnswer;
         if (block.ncb_command != netBiosCommands::adapterStatus) return illegalCommand;
-        const auto all = interfaces();
+        auto all = interfaces();
+        addDevices(all);
         const auto address = firstAdapter(all, ownAddresses(all, addressTowardsWorld()).front());
         if (address && block.ncb_buffer.size() >= address->size())
             std::ranges::copy(std::as_bytes(std::span(*address)), block.ncb_buffer.begin());

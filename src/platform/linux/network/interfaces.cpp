@@ -24,13 +24,8 @@ AddressList allAddresses() {
     return {list, &freeifaddrs};
 }
 
-void addPacketFacts(Interface& interface, const sockaddr_ll& address, const std::string& folder) {
+void addPacketFacts(Interface& interface, const sockaddr_ll& address) {
     interface.index = static_cast<unsigned>(address.sll_ifindex);
-    const auto has = [&](const char* entry) {
-        return factsOfTarget(folder + '/' + interface.name + '/' + entry).has_value();
-    };
-    interface.hasDevice = has("device");
-    interface.isMadeOfOthers = has("bridge") || has("tun_flags");
     if (address.sll_hatype != ARPHRD_ETHER || address.sll_halen != HardwareAddress().size()) return;
     auto& bytes = interface.hardware.emplace();
     std::copy_n(std::begin(address.sll_addr), bytes.size(), bytes.begin());
@@ -50,7 +45,7 @@ bool carries(const Interface& interface, in_addr address) {
 
 }  // namespace
 
-std::vector<Interface> interfaces(const std::string& folder) {
+std::vector<Interface> interfaces() {
     std::map<std::string, Interface> byName;
     const auto list = allAddresses();
     for (const auto* entry = list.get(); entry; entry = entry->ifa_next) {
@@ -62,7 +57,7 @@ std::vector<Interface> interfaces(const std::string& folder) {
         interface.isUp = (entry->ifa_flags & IFF_UP) != 0;
         interface.isLoopback = (entry->ifa_flags & IFF_LOOPBACK) != 0;
         if (entry->ifa_addr->sa_family == AF_PACKET)
-            addPacketFacts(interface, *reinterpret_cast<const sockaddr_ll*>(entry->ifa_addr), folder);
+            addPacketFacts(interface, *reinterpret_cast<const sockaddr_ll*>(entry->ifa_addr));
         if (entry->ifa_addr->sa_family == AF_INET)
             interface.addresses.push_back(reinterpret_cast<const sockaddr_in*>(entry->ifa_addr)->sin_addr);
     }
@@ -70,6 +65,16 @@ std::vector<Interface> interfaces(const std::string& folder) {
     for (auto& [name, interface] : byName) all.push_back(std::move(interface));
     std::ranges::stable_sort(all, {}, &Interface::index);
     return all;
+}
+
+void addDevices(std::vector<Interface>& all, const std::string& folder) {
+    for (auto& interface : all) {
+        const auto has = [&](const char* entry) {
+            return factsOfTarget(folder + '/' + interface.name + '/' + entry).has_value();
+        };
+        interface.hasDevice = has("device");
+        interface.isMadeOfOthers = has("bridge") || has("tun_flags");
+    }
 }
 
 std::optional<in_addr> addressTowardsWorld() {

@@ -22,8 +22,11 @@ struct Interface {
     bool hasDevice = false;       ///< a device of the machine stands behind it
 };
 
-/// The interfaces in the order of their indexes. The folder tells what stands behind them.
-std::vector<Interface> interfaces(const std::string& folder = "/sys/class/net");
+/// The interfaces in the order of their indexes, without what stands behind them.
+std::vector<Interface> interfaces();
+
+/// Adds what stands behind the interfaces, as this folder tells it.
+void addDevices(std::vector<Interface>& all, const std::string& folder = "/sys/class/net");
 
 /// The address that the system would call the world from, where it has a way there. Nothing is sent.
 std::optional<in_addr> addressTowardsWorld();

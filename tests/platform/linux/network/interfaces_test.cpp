@@ -68,6 +68,17 @@ TEST(Interfaces, OfMadeUpMachines) {
     }
 }
 
+TEST(Interfaces, AsTheirFolderTellsThem) {
+    const TemporaryFolder folder;
+    for (const auto* entry : {"eth0/device", "br0/bridge", "tap0/tun_flags", "veth0/x"})
+        std::filesystem::create_directories(folder / entry);
+    std::vector all{made("br0", 1, "e"), made("tap0", 2, "e"), made("veth0", 3, "e"), made("eth0", 4, "e")};
+    addDevices(all, folder.path());
+    EXPECT_EQ(firstAdapter(all, address("10.0.0.1"))->back(), 4);
+    all.pop_back();
+    EXPECT_EQ(firstAdapter(all, address("10.0.0.1"))->back(), 3);
+}
+
 TEST(DnsServers, InLinesOfAFile) {
     const std::pair<std::string, std::vector<std::string>> rows[] = {
         {"nameserver 10.0.0.1\n", {"10.0.0.1"}},

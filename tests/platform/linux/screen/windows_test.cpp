@@ -131,7 +131,8 @@ TEST_F(LinuxWindows, AreRaisedThroughTheWindowManager) {
     const auto first = addWindow("Première");
     const auto second = addWindow("Seconde");
     for (const auto& [title, window] : {std::pair(u"Premi\u00E8re", first), std::pair(u"Seconde", second)}) {
-        ASSERT_TRUE(eventually([&, t = title] { return object.LancerActiverApplication(t, {}) == 1; }));
+        ASSERT_TRUE(eventually(
+            [&, t = Bstr(title)]() mutable { return object.LancerActiverApplication(t, {}) == 1; }));
         EXPECT_TRUE(eventually([&, w = window] { return object.Get_ActiveWindow(False) == numberOf(w); }));
         EXPECT_EQ(object.GetActiveWindowTitle(True), title);
         EXPECT_EQ(display
@@ -148,7 +149,8 @@ TEST(LinuxWindowsAnywhere, WithoutADisplayThereAreNone) {
         Cls_Windows object;
         EXPECT_EQ(object.Get_ActiveWindow(True), 0);
         EXPECT_EQ(object.GetActiveWindowTitle(True), u"");
-        EXPECT_EQ(object.LancerActiverApplication(u"x", {}), 0);
+        Bstr none = u"x";
+        EXPECT_EQ(object.LancerActiverApplication(none, {}), 0);
         object.Cacher_BarreDesTaches();
         object.Montrer_BarreDesTaches();
         unsetenv("DISPLAY");

@@ -24,7 +24,7 @@ struct LinuxShortcuts : ::testing::Test {
         std::ranges::replace(path, '/', '\\');
         return fromUtf8(path);
     }
-    void make(const char16_t* name, const Bstr& target, Bstr arguments, Bstr& place) {
+    void make(Bstr name, Bstr target, Bstr arguments, Bstr& place) {
         Cls_Windows(platform).CreationRaccourci(name, target, arguments, place);
     }
 
@@ -46,6 +46,9 @@ TEST(LinuxShellLink, IsReadAsItWasWritten) {
     ASSERT_TRUE(read);
     EXPECT_EQ(read->target + u'|' + read->folder + u'|' + read->arguments,
               link.target + u'|' + link.folder + u'|' + link.arguments);
+    // The tests of the other home have the shell read this file.
+    EXPECT_EQ(linkBytes({u"C:\\windows\\notepad.exe", u"C:\\windows\\", u"/p \"\u00E9t\u00E9 \u0416\""}),
+              contentOf(TOVERA_ROOT "/tests/fixtures/lien.lnk"));
     for (std::size_t size = 0; size + 4 < bytes.size(); ++size)
         EXPECT_FALSE(readLink(bytes.substr(0, size))) << size;
 }
