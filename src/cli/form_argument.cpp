@@ -17,9 +17,26 @@ ObjectRef Forms::open(std::u16string_view path) {
 }
 
 void Forms::save() const {
+    struct Change {
+        const OpenForm& form;
+        std::string bytes;
+    };
+    std::vector<Change> changes;
     for (const auto& form : forms_) {
-        if (form.document->isChanged())
-            replaceBytes(form.path, form.document->file().bytes, form.document->bytes());
+        if (form.document->isChanged()) changes.push_back({form, form.document->bytes()});
+    }
+    std::size_t written = 0;
+    try {
+        for (; written < changes.size(); ++written) {
+            const auto& [form, bytes] = changes[written];
+            replaceBytes(form.path, form.document->file().bytes, bytes);
+        }
+    } catch (const AutomationError&) {
+        while (written-- > 0) {
+            const auto& [form, bytes] = changes[written];
+            replaceBytes(form.path, bytes, form.document->file().bytes);
+        }
+        throw;
     }
 }
 

@@ -16,7 +16,8 @@ class Forms {
     /// isn't there, 70 or 75 for one that can't be read, and 321 for one that isn't a form file.
     ObjectRef open(std::u16string_view path);
 
-    /// Writes the texts that were changed back to their files, each whole or not at all.
+    /// Writes the texts that were changed back to their files. Where one can't be written, those before it
+    /// get their old bytes again.
     void save() const;
 
   private:

@@ -99,5 +99,19 @@ TEST_F(FormArgument, LeavesAFileThatIsReadOnlyOrChangedBySomebodyElseOrUnchanged
     EXPECT_EQ(errorOf([&] { forms.save(); }), 0);  // what is as it was is not written
 }
 
+TEST_F(FormArgument, ChangesAllFormsOrNone) {
+    const std::string files[] = {path, folder / "b.frm", folder / "c.frm"};
+    for (const auto& file : files) {
+        write(file, formCalled("Bonjour"));
+        writeMember(open(file), u"Caption", u"Hello");
+    }
+    chmod(files[2].c_str(), 0444);
+    EXPECT_EQ(errorOf([&] { forms.save(); }), 70);
+    for (const auto& file : files) EXPECT_EQ(contentOf(file), formCalled("Bonjour"));
+    chmod(files[2].c_str(), 0644);
+    forms.save();
+    for (const auto& file : files) EXPECT_EQ(contentOf(file), formCalled("Hello"));
+}
+
 }  // namespace
 }  // namespace tovera::cli

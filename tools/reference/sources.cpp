@@ -57,13 +57,14 @@ std::string withHomeInWords(std::string& line) {
 
 /// Of the file of transcripts what stands under each member's heading.
 void readExamples(std::istream& file, ClassTexts& texts) {
-    constexpr std::string_view heading = "## ", fence = "```", test = "Seen by: ";
+    constexpr std::string_view heading = "## ", fence = "```", test = "Seen by: ", library = "Needs: ";
     Example* example = nullptr;
     bool inside = false;
     for (std::string line; std::getline(file, line);) {
         if (!inside && line.starts_with(heading)) {
             example = &texts.examples[line.substr(heading.size())];
-        } else if (!example || (!inside && (line.empty() || line.starts_with(test)))) {
+        } else if (!example ||
+                   (!inside && (line.empty() || line.starts_with(test) || line.starts_with(library)))) {
             continue;
         } else if (line.starts_with(fence) || inside) {
             if (line.starts_with(fence)) {

@@ -24,7 +24,8 @@ OpenedFile opened(const std::wstring& path) {
 /// A file beside another that takes its place, and is gone where it couldn't.
 class Successor {
   public:
-    explicit Successor(const std::wstring& path) : path_(path + L".new") {}
+    explicit Successor(const std::wstring& path)
+        : path_(path + L'.' + std::to_wstring(GetCurrentProcessId()) + L".new") {}
     Successor(const Successor&) = delete;
     Successor& operator=(const Successor&) = delete;
     ~Successor() {
@@ -32,7 +33,7 @@ class Successor {
     }
 
     void write(std::string_view bytes) {
-        const OpenedFile file(CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+        const OpenedFile file(CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                           FILE_ATTRIBUTE_NORMAL, nullptr));
         if (!file) raiseLast();
         written_ = true;
