@@ -1,3 +1,4 @@
+#include <array>
 #include <glib.h>
 #include <memory>
 #include <string>
@@ -43,6 +44,24 @@ Loop write(ProfileEntry entry) {
     });
 }
 
+Loop spawn(std::string program) {
+    return loopOf([program] {
+        std::array<char*, 2> words{const_cast<char*>(program.c_str()), nullptr};
+        constexpr auto silent =
+            static_cast<GSpawnFlags>(G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL);
+        return g_spawn_async(nullptr, words.data(), nullptr, silent, nullptr, nullptr, nullptr, nullptr);
+    });
+}
+
+Loop specialFolder() {
+    return loopOf([] {
+        g_reload_user_special_dirs_cache();
+        return g_get_user_special_dir(G_USER_DIRECTORY_DESKTOP);
+    });
+}
+
+const Installed installedSpawn(glibSpawn, spawn);
+const Installed installedSpecialFolder(glibSpecialFolder, specialFolder);
 const Installed installedRead(glibRead, read);
 const Installed installedWrite(glibWrite, write);
 

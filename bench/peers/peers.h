@@ -46,6 +46,16 @@ inline Loop (*glibWrite)(ProfileEntry entry) = nullptr;
 /// SimpleIni: loaded anew, and one entry read.
 inline Loop (*simpleIniRead)(ProfileEntry entry) = nullptr;
 
+/// GLib: a program started without a wait for it; the user's folder for the desktop, read anew.
+inline Loop (*glibSpawn)(std::string program) = nullptr;
+inline Loop (*glibSpecialFolder)() = nullptr;
+
+/// Qt's parts of a path, put together again with the extension in capitals.
+inline Loop (*qtPathParts)(std::string path) = nullptr;
+
+/// XCB without anything in between: the title of the active window, asked for as we do.
+inline Loop (*xcbTitle)() = nullptr;
+
 /// OpenSSL's RC4 over so many bytes; a key file read and a short text signed; both key files of a folder
 /// read.
 inline Loop (*openSslRc4)(std::size_t size) = nullptr;
@@ -60,6 +70,16 @@ inline Loop (*listOfInterfaces)() = nullptr;
 
 /// libcurl: a URL fetched into a file.
 inline Loop (*curlDownload)(std::string url, std::string path) = nullptr;
+
+/// The kernel's list of mounts, read as a text.
+inline Loop (*mountListRead)() = nullptr;
+
+/// On a connection to the display: the pointer's position; the requests that the states of all keys take.
+inline Loop (*xcbPointer)() = nullptr;
+inline Loop (*xcbKeys)() = nullptr;
+
+/// GStreamer's `playbin`: a sound file made ready, played, and given up.
+inline Loop (*gStreamerPlay)(std::string path) = nullptr;
 
 /// The loop of a peer, or an empty one when it isn't installed.
 template <class... Inputs>

@@ -1,3 +1,4 @@
+#include <QFileInfo>
 #include <QObject>
 #include <memory>
 
@@ -24,7 +25,15 @@ Loop callByName(int departure, int arrival) {
     });
 }
 
+Loop pathParts(std::string path) {
+    return loopOf([path = QString::fromStdString(path)] {
+        const QFileInfo info(path);
+        return QString(info.path() + '/' + info.completeBaseName() + '.' + info.suffix().toUpper());
+    });
+}
+
 const Installed installed(qtCallByName, callByName);
+const Installed installedParts(qtPathParts, pathParts);
 
 }  // namespace
 }  // namespace bench

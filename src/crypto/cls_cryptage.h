@@ -19,7 +19,7 @@ namespace tovera {
 /// They stay for good. On Linux they lie in `~/.local/share/tovera/keys` as `signature.pem` and
 /// `exchange.pem` (PKCS #8, readable by their owner only): `openssl pkey -in signature.pem -check` checks
 /// one, copying the folder keeps them. A signature verifies outside with its bytes in reverse order: `openssl
-/// dgst -md5 -verify`.
+/// dgst -md5 -verify`. `examples/linux/keys.sh` does all of this.
 ///
 /// What the scheme is worth: the cipher is RC4 with 40 secret bits from an MD5 hash of the password, and the
 /// same password gives the same key stream each time. It keeps a text from a casual reader, not from an

@@ -8,6 +8,7 @@
 #include "conversion/french_words.h"
 #include "frame/date_time.h"
 #include "frame/utf8.h"
+#include "fuzz/device_harnesses.h"
 #include "fuzz/network_harnesses.h"
 #include "fuzz/program_harnesses.h"
 #include "support/test_platform.h"
@@ -81,6 +82,8 @@ inline constexpr Harness harnesses[] = {
     {"profile", &profileTexts, "[s][T]\r\n\r\n==kLK ;\"'\x1A"},
     {"call", &callsByName, ""},
     {"resolv", &linesOfServers, "nameserver nameserver 1.0.255#\n\r\t;:"},
+    {"mci", &soundCommands, "open play set cdaudio door closed alias type \"x\" \t"},
+    {"mounts", &mountLists, "36 98:0 / /mnt\\040 rw - ext4 /dev \n"},
     {"url", &urlsOfFiles, "file:file:///\\%%41%C3c:|localhost?#+."},
 };
 

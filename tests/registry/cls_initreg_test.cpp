@@ -114,6 +114,8 @@ TEST_F(RegistryAccess, readsGiveWhatIsStored) {
         EXPECT_EQ(result, expected) << stored;
         EXPECT_EQ(run({member, {u"missing"}, {}}), none);
     }
+    run({u"EcrireREG_STRING", {u"v", u"abc"}, {}});
+    EXPECT_EQ(run({binary, {u"v"}, {}}), Variant(Bstr(std::u16string(u"abc\0", 4))));
 }
 
 TEST_F(RegistryAccess, callsByName) {

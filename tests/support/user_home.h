@@ -73,7 +73,9 @@ struct RegistryUser {
         });
     }
     bool reads(const std::string& path, const std::string& name, const std::string& expected) {
-        return read(path, name) == 0 && data == expected;
+        if (read(path, name) != 0) return false;
+        if (type == valueTypes::text && data.ends_with('\0')) data.pop_back();
+        return data == expected;
     }
     I4 remove(const std::string& path) { return registry.RegDeleteKeyA(root, {path}); }
     bool has(const std::string& path) {

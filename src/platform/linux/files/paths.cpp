@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <sys/stat.h>
 #include <vector>
 
@@ -47,16 +48,27 @@ std::string belowRoot(std::string_view path) {
     return endsInSlash || joined.empty() ? joined + '/' : joined;
 }
 
-std::string currentFolder() {
+/// The current folder below the root of `C:`, beginning with a slash; nothing where it isn't on `C:`. The
+/// system tells it without links, the drive may lie behind one.
+std::optional<std::string> currentFolderOnC() {
     std::error_code ignored;
-    return std::filesystem::current_path(ignored).string();
+    const auto current = std::filesystem::current_path(ignored).string();
+    for (const auto& drive : {driveC(), std::filesystem::weakly_canonical(driveC(), ignored).string()})
+        if (!drive.empty() && isBelow(current, drive)) return current.substr(drive.size()) + '/';
+    return std::nullopt;
 }
 
-/// `C:name` lies in the current folder when that is on `C:`, else in the root of `C:`.
-std::string folderOnC() {
-    const auto drive = driveC();
-    auto current = currentFolder();
-    return isBelow(current, drive) ? current : drive;
+/// `C:name` lies in the drive's own current folder: its root where the process's current folder isn't on it.
+std::string onC(const std::string& rest) {
+    const bool fromRoot = rest.starts_with('/');
+    return driveC() + belowRoot(fromRoot ? rest : currentFolderOnC().value_or("/") + rest);
+}
+
+/// A path without a drive: no dots of it lead from `C:` to what lies outside.
+std::string relative(std::string path) {
+    if (path.front() == '/' || path.find("..") == std::string::npos) return path;
+    const auto current = currentFolderOnC();
+    return current ? driveC() + belowRoot(*current + path) : path;
 }
 
 /// Where a drive of another letter is mounted; empty where nothing is.
@@ -68,7 +80,7 @@ std::string folderOfDrive(char16_t letter) {
 
 std::string onDrive(char16_t letter, const std::string& rest) {
     const bool fromRoot = rest.starts_with('/');
-    if (letter == u'c') return fromRoot ? driveC() + belowRoot(rest) : folderOnC() + '/' + rest;
+    if (letter == u'c') return onC(rest);
     if (letter == u'z') return fromRoot ? belowRoot(rest) : rest;
     const auto folder = folderOfDrive(letter);
     return folder.empty() ? folder : folder + belowRoot(rest);
@@ -76,8 +88,7 @@ std::string onDrive(char16_t letter, const std::string& rest) {
 
 /// A path that begins with a backslash starts at the root of the drive that the current folder is on.
 std::string rootOfCurrentDrive() {
-    auto drive = driveC();
-    return isBelow(currentFolder(), drive) ? drive : std::string();
+    return currentFolderOnC() ? driveC() : std::string();
 }
 
 bool exists(const std::string& path) {
@@ -96,7 +107,7 @@ std::string hostPath(std::u16string_view path) {
     if (path.empty() || isOnOtherMachine(path)) return {};
     if (const auto letter = driveLetterOf(path)) return onDrive(letter, withSlashes(path.substr(2)));
     if (path.front() == u'\\') return rootOfCurrentDrive() + belowRoot(withSlashes(path));
-    return withSlashes(path);
+    return relative(withSlashes(path));
 }
 
 std::string foundPath(std::string_view hostPath) {

@@ -4,6 +4,7 @@
 
 #if __has_include(<curl/curl.h>)
 
+#include <csignal>
 #include <cstdlib>
 #include <memory>
 #include <strings.h>
@@ -27,6 +28,32 @@ bool isReady() {
     static const bool ready = curl().global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
     return ready;
 }
+
+/// Keeps a line that the other side has closed from ending the process: not every build of the library does.
+class PipeSignalHeld {
+  public:
+    PipeSignalHeld() {
+        sigemptyset(&signal_);
+        sigaddset(&signal_, SIGPIPE);
+        sigset_t pending;
+        sigpending(&pending);
+        wasPending_ = sigismember(&pending, SIGPIPE) != 0;
+        pthread_sigmask(SIG_BLOCK, &signal_, &before_);
+    }
+    PipeSignalHeld(const PipeSignalHeld&) = delete;
+    PipeSignalHeld& operator=(const PipeSignalHeld&) = delete;
+    ~PipeSignalHeld() {
+        constexpr timespec atOnce{};
+        while (!wasPending_ && sigtimedwait(&signal_, nullptr, &atOnce) == SIGPIPE) {
+        }
+        pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+    }
+
+  private:
+    sigset_t signal_{};
+    sigset_t before_{};
+    bool wasPending_ = false;
+};
 
 std::size_t write(char* bytes, std::size_t size, std::size_t count, void* file) {
     const auto length = size * count;
@@ -100,6 +127,7 @@ bool transfer(const std::string& text, NewFile& file, const DownloadLimits& limi
             .set(CURLOPT_XFERINFOFUNCTION, &tell)
             .set(CURLOPT_XFERINFODATA, static_cast<const void*>(&progress));
     }
+    const PipeSignalHeld held;
     return options.allSet() && curl().easy_perform(handle.get()) == CURLE_OK;
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/linux/registry/registry_status.h"
+#include "platform/registry.h"
 
 namespace tovera {
 namespace {
@@ -122,6 +123,11 @@ const FixedKey* fixedKey(const NameId& id) {
     return found == fixed.end() ? nullptr : &*found;
 }
 
+bool isTooLong(std::size_t length) {
+    constexpr std::size_t longestKeyName = 255;
+    return length > longestKeyName;
+}
+
 bool exists(const StoreTransaction& transaction, const KeyPlace& key) {
     return key.isRoot() || transaction.get(keyEntry(key)) || fixedKey(key.id);
 }
@@ -148,19 +154,19 @@ std::string nameOf(const StoreTransaction& transaction, const KeyPlace& key) {
 }
 
 bool isTextType(I4 type) {
-    constexpr I4 text = 1;
     constexpr I4 expandableText = 2;
     constexpr I4 listOfTexts = 7;
-    return type == text || type == expandableText || type == listOfTexts;
+    return type == valueTypes::text || type == expandableText || type == listOfTexts;
 }
 
-/// A text that is asked for as one needs room for its NUL, lest its end be taken for it.
+/// A text is stored as it was handed over, mostly without its NUL. It is given with it, as the platform
+/// stores texts; only as a number of four bytes it goes without, where there is no room.
 I4 copyData(const Entry& entry, I4 expectedType, std::span<std::byte> room, I4& size) {
     const auto available = std::min(room.size(), static_cast<std::size_t>(std::max(size, I4{0})));
     const bool lacksNul = isTextType(entry.type) && !entry.data.empty() && entry.data.back() != std::byte{0};
-    const auto needed = entry.data.size() + (lacksNul && isTextType(expectedType) ? 1 : 0);
-    size = static_cast<I4>(needed > available ? needed : entry.data.size());
-    if (needed > available) return registryStatus::moreData;
+    const auto given = entry.data.size() + (lacksNul && expectedType != valueTypes::dword ? 1 : 0);
+    size = static_cast<I4>(given);
+    if (given > available) return registryStatus::moreData;
     std::ranges::copy(entry.data, room.begin());
     if (lacksNul && entry.data.size() < available) room[entry.data.size()] = std::byte{0};
     return registryStatus::success;
@@ -188,7 +194,10 @@ I4 RegistryStore::createKey(const KeyPlace& from, std::string_view path) {
     return store_.write([&](StoreTransaction& transaction) {
         if (!exists(transaction, from)) return registryStatus::keyDeleted;
         auto place = from;
-        for (const auto name : namesOf(path)) {
+        const auto names = namesOf(path);
+        if (std::ranges::any_of(names, isTooLong, &std::string_view::size))
+            return registryStatus::invalidParameter;
+        for (const auto name : names) {
             place = {place.id, idWithin(place.id, name)};
             if (exists(transaction, place)) continue;
             if (!put(transaction, keyEntry(place), 0, name, {})) return registryStatus::cannotWrite;

@@ -2,6 +2,7 @@
 
 #if __has_include(<xcb/xkb.h>)
 
+#include <mutex>
 #include <optional>
 
 #include "platform/linux/screen/virtual_keys.h"
@@ -38,13 +39,25 @@ constexpr auto buttonKeys = std::to_array<ButtonKey>({
 
 using Indicator = XReply<xcb_xkb_get_named_indicator_reply_t>;
 
-/// Where the server and the libraries have the keyboard's extension, it is told so once a connection.
-bool canUseIndicators(XDisplay& display) {
+bool startIndicators(const XDisplay& display) {
     if (!xcbExtensions().keyboard.isPresent()) return false;
     const auto answer =
         display.reply(xcbExtensions().use_keyboard_reply,
                       xcbExtensions().use_keyboard(display.connection(), std::uint16_t{1}, std::uint16_t{0}));
     return answer && answer->supported != 0;
+}
+
+/// Whether the server and the libraries have the keyboard's extension. A connection asks once.
+bool canUseIndicators(const std::shared_ptr<XDisplay>& display) {
+    static std::mutex mutex;
+    static std::weak_ptr<XDisplay> asked;
+    static bool usable = false;
+    const std::lock_guard guard(mutex);
+    if (asked.lock() != display) {
+        usable = startIndicators(*display);
+        asked = display;
+    }
+    return usable;
 }
 
 auto askIndicator(XDisplay& display, std::string_view name) {
@@ -81,7 +94,7 @@ bool readDisplayKeys(std::array<UI1, keyCount>& states) {
     const auto display = XDisplay::open();
     if (!display) return false;
     auto* const connection = display->connection();
-    const bool hasIndicators = canUseIndicators(*display);
+    const bool hasIndicators = canUseIndicators(display);
     learnIndicators(*display);
 
     const auto* const setup = xcb().get_setup(connection);
@@ -109,7 +122,7 @@ bool readDisplayKeys(std::array<UI1, keyCount>& states) {
 
 bool setLockKey(std::size_t key, bool on) {
     const auto display = XDisplay::open();
-    if (!display || !canUseIndicators(*display)) return false;
+    if (!display || !canUseIndicators(display)) return false;
     learnIndicators(*display);
     constexpr auto keyboard = static_cast<xcb_xkb_device_spec_t>(XCB_XKB_ID_USE_CORE_KBD);
     constexpr std::uint8_t no = 0;

@@ -4,11 +4,8 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <csignal>
 #include <cstdlib>
-#include <fcntl.h>
 #include <iostream>
-#include <spawn.h>
 #include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -20,6 +17,7 @@
 #include "platform/linux/shell/host_loop.h"
 #include "platform/linux/shell/launchers.h"
 #include "platform/linux/shell/programs.h"
+#include "platform/linux/shell/spawn_settings.h"
 
 namespace tovera {
 namespace {
@@ -39,28 +37,6 @@ std::string variable(const char* name) {
     const char* const value = std::getenv(name);
     return value ? value : "";
 }
-
-/// A program gets the file actions and the attributes of what nobody shall inherit.
-struct SpawnSettings {
-    SpawnSettings() {
-        posix_spawn_file_actions_init(&actions);
-        posix_spawnattr_init(&attributes);
-        sigset_t none, all;
-        sigemptyset(&none);
-        sigfillset(&all);
-        posix_spawnattr_setsigmask(&attributes, &none);
-        posix_spawnattr_setsigdefault(&attributes, &all);
-        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    }
-    SpawnSettings(const SpawnSettings&) = delete;
-    SpawnSettings& operator=(const SpawnSettings&) = delete;
-    ~SpawnSettings() {
-        posix_spawn_file_actions_destroy(&actions);
-        posix_spawnattr_destroy(&attributes);
-    }
-    posix_spawn_file_actions_t actions{};
-    posix_spawnattr_t attributes{};
-};
 
 /// A file of memory with the input, so that no writer can be blocked.
 FileDescriptor inputFile(const std::string& input) {
@@ -164,15 +140,15 @@ DialogAnswer runDialog(const Words& words, const std::string& input) {
     const FileDescriptor reader(ends[0]);
     FileDescriptor writer(ends[1]);
     SpawnSettings settings;
-    posix_spawn_file_actions_adddup2(&settings.actions, file.get(), STDIN_FILENO);
-    posix_spawn_file_actions_adddup2(&settings.actions, writer.get(), STDOUT_FILENO);
-    posix_spawn_file_actions_addopen(&settings.actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_addclosefrom_np(&settings.actions, STDERR_FILENO + 1);
+    settings.stream(STDIN_FILENO, file.get());
+    settings.stream(STDOUT_FILENO, writer.get());
+    settings.streamOnNothing(STDERR_FILENO);
+    settings.closeOthers();
     std::vector<char*> arguments;
     for (const auto& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
     pid_t process = 0;
-    if (posix_spawn(&process, program->path.c_str(), &settings.actions, &settings.attributes,
+    if (posix_spawn(&process, program->path.c_str(), settings.actions(), settings.attributes(),
                     arguments.data(), environ) != 0)
         return {};
     { const FileDescriptor closed = std::move(writer); }

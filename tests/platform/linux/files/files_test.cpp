@@ -29,6 +29,9 @@ TEST_F(Paths, LeadToThisSystemsFiles) {
                           {u"C:\\..\\..\\etc", user.onC("etc")},
                           {u"C:\\", user.onC("")},
                           {u"C:a", user.onC("a")},
+                          {u"C:", user.onC("")},
+                          {u"C:..\\..\\etc\\passwd", user.onC("etc/passwd")},
+                          {u"\\\\?\\C:a\\../../..\\b", user.onC("b")},
                           {u"\\\\?\\C:\\a", user.onC("a")},
                           {u"Z:\\tmp\\\u00E9", "/tmp/\xC3\xA9"},
                           {u"z:lib", "lib"},
@@ -42,8 +45,14 @@ TEST_F(Paths, LeadToThisSystemsFiles) {
     for (const auto& [path, expected] : fromUsr) EXPECT_EQ(hostPath(path), expected) << expected;
     makeWindowsFolders();
     std::filesystem::current_path(user.onC("WINDOWS"));
-    EXPECT_EQ(hostPath(u"C:a"), user.onC("WINDOWS/a"));
-    EXPECT_EQ(hostPath(u"\\a"), user.onC("a"));
+    const Rows fromC = {{u"C:a", user.onC("WINDOWS/a")},
+                        {u"C:", user.onC("WINDOWS/")},
+                        {u"C:..\\a", user.onC("a")},
+                        {u"C:..\\..\\..\\a", user.onC("a")},
+                        {u"\\a", user.onC("a")},
+                        {u"..\\..\\..\\a", user.onC("a")},
+                        {u"/../a", "/../a"}};
+    for (const auto& [path, expected] : fromC) EXPECT_EQ(hostPath(path), expected) << expected;
     const Rows back = {{u"C:\\a\\b", user.onC("a/b")}, {u"Z:\\home\\x", "/home/x"}, {u"Z:\\", "/"}};
     for (const auto& [expected, path] : back) EXPECT_EQ(windowsPath(path), expected) << path;
     EXPECT_TRUE(windowsPath(driveC() + "2").starts_with(u"Z:")) << "a neighbour of the drive's folder";

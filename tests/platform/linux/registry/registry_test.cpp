@@ -49,9 +49,10 @@ TEST_F(Registry, sizesAsTold) {
     user.write("K", "none", "", valueTypes::text);
     const auto key = open("K", keyAccess::read);
     const std::tuple<const char*, I4, I4, I4, I4, std::string> rows[] = {
-        {"text", 1, 6, success, 3, {"abc\0..", 6}},  {"text", 1, 4, success, 3, {"abc\0..", 6}},
-        {"text", 1, 3, moreData, 4, "......"},       {"text", 3, 3, success, 3, "abc..."},
-        {"text", 3, 2, moreData, 3, "......"},       {"text", 3, 0, moreData, 3, "......"},
+        {"text", 1, 6, success, 4, {"abc\0..", 6}},  {"text", 1, 4, success, 4, {"abc\0..", 6}},
+        {"text", 1, 3, moreData, 4, "......"},       {"text", 3, 4, success, 4, {"abc\0..", 6}},
+        {"text", 3, 3, moreData, 4, "......"},       {"text", 3, 0, moreData, 4, "......"},
+        {"text", 4, 3, success, 3, "abc..."},        {"text", 4, 4, success, 3, {"abc\0..", 6}},
         {"ended", 1, 4, success, 4, {"abc\0..", 6}}, {"bytes", 1, 6, success, 3, "abc..."},
         {"none", 1, 6, success, 0, "......"},        {"missing", 1, 6, notFound, 6, "......"}};
     for (auto [name, type, room, status, size, expected] : rows) {
@@ -61,6 +62,14 @@ TEST_F(Registry, sizesAsTold) {
         EXPECT_EQ(user.registry.RegQueryValueExA(key, {name}, type, bytes, sizeOrRoom), status);
         EXPECT_EQ(std::tuple(sizeOrRoom, buffer), std::tuple(size, expected)) << name << room;
     }
+}
+
+TEST_F(Registry, namesOfKeysEndAt255Characters) {
+    const auto longest = "K\\" + std::string(255, 'n');
+    EXPECT_EQ(user.create(longest + "\\sub"), success);
+    EXPECT_TRUE(user.has(longest));
+    EXPECT_EQ(user.create("New\\" + std::string(256, 'n') + "\\sub"), invalidParameter);
+    EXPECT_FALSE(user.has("New")) << "nothing of a refused path is made";
 }
 
 TEST_F(Registry, keysMatchWithoutCaseAndGoWithTheirValuesWhenTheyHaveNoSubkeys) {

@@ -97,6 +97,10 @@ TEST(LinuxLaunch, NothingOfTheHostIsInherited) {
     // The shell that runs the recorder has one more descriptor, of its own script.
     const auto script = recorded.find(program + "\n");
     if (script != std::string::npos) recorded.erase(script, program.size() + 1);
+    // Two signals are the C library's own, which no program sends.
+    const std::string ofTheLibrary = "0000000180000000";
+    if (const auto place = recorded.find(ofTheLibrary); place != std::string::npos)
+        recorded.replace(place, ofTheLibrary.size(), ofTheLibrary.size(), '0');
     EXPECT_EQ(recorded, "0000000000000000\n0000000000000000\n/dev/null\n/dev/null\nnonenone\n0\n");
 }
 

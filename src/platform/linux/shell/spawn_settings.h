@@ -1,0 +1,47 @@
+#pragma once
+
+#include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
+#include <unistd.h>
+
+namespace tovera {
+
+/// How a program is started so that it gets nothing of the host: no signal blocked or ignored, no open file
+/// beyond the standard streams, and those as told here.
+class SpawnSettings {
+  public:
+    explicit SpawnSettings(short furtherFlags = 0) {
+        posix_spawn_file_actions_init(&actions_);
+        posix_spawnattr_init(&attributes_);
+        sigset_t none, all;
+        sigemptyset(&none);
+        sigfillset(&all);
+        posix_spawnattr_setsigmask(&attributes_, &none);
+        posix_spawnattr_setsigdefault(&attributes_, &all);
+        posix_spawnattr_setflags(
+            &attributes_, static_cast<short>(POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | furtherFlags));
+    }
+    SpawnSettings(const SpawnSettings&) = delete;
+    SpawnSettings& operator=(const SpawnSettings&) = delete;
+    ~SpawnSettings() {
+        posix_spawn_file_actions_destroy(&actions_);
+        posix_spawnattr_destroy(&attributes_);
+    }
+
+    void stream(int number, int file) { posix_spawn_file_actions_adddup2(&actions_, file, number); }
+    void streamOnNothing(int number) {
+        posix_spawn_file_actions_addopen(&actions_, number, "/dev/null", O_RDWR, 0);
+    }
+    void startIn(const char* folder) { posix_spawn_file_actions_addchdir_np(&actions_, folder); }
+    void closeOthers() { posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1); }
+
+    const posix_spawn_file_actions_t* actions() const { return &actions_; }
+    const posix_spawnattr_t* attributes() const { return &attributes_; }
+
+  private:
+    posix_spawn_file_actions_t actions_{};
+    posix_spawnattr_t attributes_{};
+};
+
+}  // namespace tovera
