@@ -10,17 +10,10 @@
 #include "frame/utf8.h"
 #include "fuzz/device_harnesses.h"
 #include "fuzz/network_harnesses.h"
+#include "fuzz/program_harnesses.h"
 #include "support/test_platform.h"
 
 namespace tovera::fuzz {
-
-/// Takes a number from the front of an input; when its bytes run out the rest is 0.
-template <class Number>
-Number take(Input& input) {
-    Number value{};
-    input.remove_prefix(input.copy(reinterpret_cast<char*>(&value), sizeof value));
-    return value;
-}
 
 inline RegionalSettings anySettings(Input& input) {
     const auto bits = take<std::uint8_t>(input);
@@ -85,6 +78,9 @@ inline constexpr Harness harnesses[] = {
     {"date", &datesInText, "0123456789//--..:: "},
     {"step", &stepTexts, "ab(=,)\"#[[..]]01299E -:TrueNothingEmptyNullFalse\xC3\xA9"},
     {"utf8", &utf8Texts, "a\x80\xBF\xC3\xE2\x82\xAC\xED\xA0\xF0\x9F\x98\xF4\x90"},
+    {"form", &formFiles, " \n\n==\"\"Caption   Caption=BeginEnd VB.Label aBeginProperty EndProperty 0\t$:"},
+    {"profile", &profileTexts, "[s][T]\r\n\r\n==kLK ;\"'\x1A"},
+    {"call", &callsByName, ""},
     {"resolv", &linesOfServers, "nameserver nameserver 1.0.255#\n\r\t;:"},
     {"mci", &soundCommands, "open play set cdaudio door closed alias type \"x\" \t"},
     {"mounts", &mountLists, "36 98:0 / /mnt\\040 rw - ext4 /dev \n"},
