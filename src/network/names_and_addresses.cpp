@@ -1,4 +1,3 @@
-#include <iterator>
 
 #include "network/cls_internet.h"
 #include "network/give_back.h"
