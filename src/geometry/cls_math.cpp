@@ -55,8 +55,8 @@ R4 Cls_Math::MesurePrincipale(Variant& Angle) {
         checkedFloat(angle);
         return type == VariableType::R8 ? withoutTurns(angle) : lessTurns(angle, type);
     };
-    for (R8 angle = current(); angle > Pi; angle = current()) convert.store(&Angle, next(angle));
-    for (R8 angle = current(); angle < -Pi; angle = current()) convert.store(&Angle, -next(-angle));
+    while (current() > Pi) convert.store(&Angle, next(current()));
+    while (current() < -Pi) convert.store(&Angle, -next(-current()));
     return convert.to<R4>(Angle);
 }
 

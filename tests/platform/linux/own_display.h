@@ -1,12 +1,15 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
 #include <signal.h>
 #include <string>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace tovera::testing {
@@ -27,10 +30,11 @@ class RunningProgram {
     }
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;
-    ~RunningProgram() {
+    ~RunningProgram() { end(); }
+    void end() {
         if (process_ <= 0) return;
         kill(process_, SIGTERM);
-        waitpid(process_, nullptr, 0);
+        waitpid(std::exchange(process_, -1), nullptr, 0);
     }
 
   private:
@@ -49,6 +53,16 @@ inline bool machineHas(const std::string& program) {
     return std::system(("command -v " + program + " >/dev/null 2>&1").c_str()) == 0;
 }
 
+/// Waits for what other processes bring about; false when it doesn't come.
+template <class Condition>
+bool comesTrue(Condition&& condition) {
+    for (int i = 0; i < 400; ++i) {
+        if (condition()) return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    return false;
+}
+
 /// A display of the test's own without a screen; `isThere` is false where this machine can't have one.
 class OwnDisplay {
   public:
@@ -58,6 +72,8 @@ class OwnDisplay {
     ~OwnDisplay() { unsetenv("DISPLAY"); }
 
     bool isThere() const { return isThere_; }
+    /// Takes the display away from its clients.
+    void end() { server_.end(); }
 
   private:
     static std::array<int, 2> displayEnds() {
@@ -67,17 +83,16 @@ class OwnDisplay {
     }
     explicit OwnDisplay(const std::array<int, 2>& ends)
         : server_(ends[1] < 0 ? std::vector<std::string>{"true"}
-                              : std::vector<std::string>{"Xvfb", "-displayfd", "3", "-nolisten", "tcp",
-                                                         "-screen", "0", "800x600x24"},
+                              : std::vector<std::string>{"Xvfb", "-displayfd", "3", "-noreset", "-nolisten",
+                                                         "tcp", "-screen", "0", "800x600x24"},
                   ends[1]) {
         if (ends[1] < 0) return;
         close(ends[1]);
-        std::array<char, 16> number{};
-        const auto count = read(ends[0], number.data(), number.size() - 1);
+        std::string number;  // the server ends when it can't write the whole line
+        for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';) number += digit;
         close(ends[0]);
-        if (count <= 0) return;
-        const std::string name = ":" + std::string(number.data(), static_cast<std::size_t>(count));
-        setenv("DISPLAY", name.substr(0, name.find('\n')).c_str(), 1);
+        if (number.empty()) return;
+        setenv("DISPLAY", (":" + number).c_str(), 1);
         isThere_ = true;
     }
 

@@ -54,9 +54,21 @@ void expectClass(ITypeInfo* info, const std::string& name) {
     EXPECT_EQ(documentationOf(implemented.get()).help, documentationOf(info).help);
 }
 
+/// What a reference page says that the type library tells as well: the class, the signatures of its members
+/// and behind them, between stars, the help strings.
 std::string pageOf(const std::string& name) {
     std::ifstream file(TOVERA_ROOT "/docs/reference/" + name + ".md", std::ios::binary);
-    const std::string page{std::istreambuf_iterator<char>(file), {}};
+    std::string page;
+    bool isTranscript = false, isHelp = false, helpMayFollow = false;
+    for (std::string line; std::getline(file, line);) {
+        isTranscript ^= line.starts_with("```");
+        const bool isSignature = line.starts_with("- `");
+        const bool isHead = line.starts_with("#") || line.starts_with("ProgID ");
+        isHelp = isHelp || (helpMayFollow && line.starts_with("*"));
+        if (!isTranscript && (isSignature || isHead || isHelp)) page += line + "\n";
+        if (!line.empty()) helpMayFollow = isSignature;
+        isHelp = isHelp && !line.ends_with("*");
+    }
     return std::regex_replace(page, std::regex(" = \\w+: "), " = : ");
 }
 
@@ -80,15 +92,29 @@ std::string signatureOf(const Member& member) {
     }
 }
 
-/// The reference page of a class as the type library tells it.
+std::string inStars(const std::string& help) {
+    const auto text = std::regex_replace(help, std::regex("^\\s+|\\s+$"), "");
+    return "*" + text + "*";
+}
+
+/// The same as the type library tells it. The slots of a property share one help string.
 std::string toldOf(ITypeInfo* coclass, ITypeInfo* slots) {
     const auto [name, help] = documentationOf(coclass);
-    auto page = "# " + name + "\n\nProgID `KADRELDLL." + name + "`" + (help.empty() ? "" : ": " + help) +
-                "\n\nThe members in slot order. This page is made from the class table.\n";
+    auto page =
+        "# " + name + "\nProgID `KADRELDLL." + name + "`" + (help.empty() ? "" : ": " + inStars(help)) + "\n";
+    std::string last, helpOfLast;
+    const auto endLast = [&] { page += helpOfLast.empty() ? "" : inStars(helpOfLast) + "\n"; };
     for (const auto& member : membersOf(slots)) {
-        page += "\n- `" + signatureOf(member) + "`\n";
-        if (!member.help.empty()) page += "\n  " + member.help + "\n";
+        if (member.name != last) {
+            endLast();
+            page += "## " + member.name + "\n";
+            last = member.name;
+            helpOfLast.clear();
+        }
+        page += "- `" + signatureOf(member) + "`\n";
+        if (helpOfLast.empty()) helpOfLast = member.help;
     }
+    endLast();
     return page;
 }
 

@@ -2,7 +2,6 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <numbers>
 #include <optional>
@@ -11,7 +10,7 @@
 
 #include "frame/utf8.h"
 #include "multimedia/cls_multimedia.h"
-#include "platform/linux/child_process.h"
+#include "platform/linux/own_display.h"
 #include "platform/linux/temporary_folder.h"
 #include "platform/sound.h"
 #include "support/test_platform.h"
@@ -20,45 +19,6 @@ namespace tovera::testing {
 namespace {
 
 using namespace std::chrono_literals;
-
-bool machineHas(const std::string& program) {
-    return std::system(("command -v " + program + " >/dev/null 2>&1").c_str()) == 0;
-}
-
-/// Waits for a condition that other processes bring about; false when it doesn't come.
-template <class Condition>
-bool comes(Condition&& condition) {
-    for (int i = 0; i < 400; ++i) {
-        if (condition()) return true;
-        std::this_thread::sleep_for(50ms);
-    }
-    return false;
-}
-
-/// A program with its words that is ended with the test.
-class Background {
-  public:
-    explicit Background(std::vector<std::string> words)
-        : process_(start([&] {
-              std::vector<char*> arguments;
-              for (auto& word : words) arguments.push_back(word.data());
-              arguments.push_back(nullptr);
-              for (const int stream : {1, 2}) dup2(open("/dev/null", O_WRONLY), stream);
-              execvp(arguments[0], arguments.data());
-              return 1;
-          })) {}
-    Background(const Background&) = delete;
-    Background& operator=(const Background&) = delete;
-    ~Background() { end(); }
-    void end() {
-        if (process_ <= 0) return;
-        kill(process_, SIGTERM);
-        resultOf(std::exchange(process_, 0));
-    }
-
-  private:
-    pid_t process_;
-};
 
 constexpr int rate = 44100;
 
@@ -90,7 +50,7 @@ struct Heard : ::testing::Test {
             "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "-L",
             "module-null-sink sink_name=ears rate=44100", "-L",
             "module-native-protocol-unix auth-anonymous=1 socket=" + (folder / "pulse.socket")});
-        ASSERT_TRUE(comes([] { return std::system("pactl info >/dev/null 2>&1") == 0; }));
+        ASSERT_TRUE(comesTrue([] { return std::system("pactl info >/dev/null 2>&1") == 0; }));
     }
     void TearDown() override {
         server.reset();
@@ -102,9 +62,9 @@ struct Heard : ::testing::Test {
     template <class Work>
     double secondsHeard(Work&& work) {
         const auto file = folder / "heard.raw";
-        Background recorder({"parec", "--device=ears.monitor", "--format=s16le", "--channels=1",
-                             "--rate=44100", "--latency-msec=20", file});
-        EXPECT_TRUE(comes([&] { return contentOf(file).size() > 4000; }));
+        RunningProgram recorder({"parec", "--device=ears.monitor", "--format=s16le", "--channels=1",
+                                 "--rate=44100", "--latency-msec=20", file});
+        EXPECT_TRUE(comesTrue([&] { return contentOf(file).size() > 4000; }));
         work();
         std::this_thread::sleep_for(300ms);  // what is on its way
         recorder.end();
@@ -117,7 +77,7 @@ struct Heard : ::testing::Test {
         return first == samples.end() ? 0 : static_cast<double>(last.base() - first) / rate;
     }
     static bool ends() {
-        return comes([] { return !homeSound().isPlaying(); });
+        return comesTrue([] { return !homeSound().isPlaying(); });
     }
     Bstr fileOf(const std::string& name, double seconds) {
         std::ofstream(folder / name, std::ios::binary) << wavOf(seconds);
@@ -127,7 +87,7 @@ struct Heard : ::testing::Test {
     const char* const before = std::getenv("XDG_RUNTIME_DIR");
     std::string runtime = before ? before : "";
     TemporaryFolder folder;
-    std::optional<Background> server;
+    std::optional<RunningProgram> server;
     Cls_Multimedia object;
 };
 
