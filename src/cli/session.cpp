@@ -13,7 +13,8 @@ Session::Session(const CatalogueEntry& entry, Console console)
     : entry_(entry),
       console_(console),
       services_(home().services, console.in, console.out, console.err),
-      platform_(home().with(services_)),
+      sound_(home().port<Sound>(), services_),
+      platform_(home().with(services_).with(sound_)),
       names_(entry.description()) {}
 
 Step Session::read(const Place& place) {

@@ -7,6 +7,7 @@
 #include "cli/console.h"
 #include "cli/known_names.h"
 #include "cli/program_services.h"
+#include "cli/program_sound.h"
 #include "cli/runner.h"
 
 namespace tovera::cli {
@@ -41,6 +42,7 @@ class Session {
     const CatalogueEntry& entry_;
     Console console_;
     ProgramServices services_;
+    ProgramSound sound_;
     Platform platform_;
     KnownNames names_;
 };

@@ -18,6 +18,8 @@ struct Sound : Port<Sound> {
 
     /// Whether what this process has started is still to be heard. Who is about to end may wait for it.
     virtual bool isPlaying() { return false; }
+    /// A code in words for the user.
+    virtual Bstr failureText(I4 /*code*/) { return {}; }
 };
 
 Sound& homeSound();

@@ -6,6 +6,7 @@
 
 #include "platform/windows/entry_point.h"
 #include "platform/windows/system_sound.h"
+#include "platform/windows/wide_text.h"
 
 namespace tovera {
 namespace {
@@ -36,6 +37,11 @@ class WindowsSound : public Sound {
     }
     I4 mciExecute(const AnsiText& command) override { return callEntryPoint<&::mciExecute>(winmm, command); }
     I4 waveOutGetNumDevs() override { return callEntryPoint<&::waveOutGetNumDevs>(winmm); }
+    Bstr failureText(I4 code) override {
+        std::array<wchar_t, 256> text{};
+        callEntryPoint<&::mciGetErrorStringW>(winmm, code, text.data(), static_cast<UINT>(text.size()));
+        return Bstr(utf16(text.data()));
+    }
     bool isPlaying() override {
         if (!GetModuleHandleW(winmm)) return false;  // nobody has asked for sound
         const int count = std::atoi(answerTo("sysinfo all quantity open").c_str());

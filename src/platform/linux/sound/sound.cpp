@@ -35,13 +35,15 @@ class LinuxSound : public Sound {
     I4 mciExecute(const AnsiText& command) override {
         const I4 code = command.isNull ? mci::missingCommand : mci_.send(command.terminated());
         if (code == mci::success) return 1;
-        const auto* const row = std::ranges::find(codeTexts, code, &CodeText::code);
-        const auto* const text = row == codeTexts.end() ? u"La commande n'est pas comprise." : row->text;
-        homeServices().messageBox(text, messageFlags::plain, u"MCI");
+        homeServices().messageBox(failureText(code), messageFlags::plain, u"MCI");
         return 0;
     }
     I4 waveOutGetNumDevs() override { return soundDevices(); }
     bool isPlaying() override { return mci_.isPlaying(); }
+    Bstr failureText(I4 code) override {
+        const auto* const row = std::ranges::find(codeTexts, code, &CodeText::code);
+        return row == codeTexts.end() ? u"La commande n'est pas comprise." : row->text;
+    }
 
     Mci mci_;
 };
