@@ -30,7 +30,7 @@ bool isOwnFolder(const std::string& folder) {
 }
 
 std::string ownFolder(const std::string& above) {
-    if (above.empty() || !factsOf(above)) return {};
+    if (!above.starts_with('/') || !factsOf(above)) return {};
     auto folder = above + "/tovera";
     mkdir(folder.c_str(), 0700);
     return isOwnFolder(folder) ? folder : std::string();
