@@ -103,10 +103,12 @@ std::optional<std::string> askPortal(const std::string& title, I4 owner) {
                                                       {"modal", busTruth(true)}})}));
     if (!asked) return std::nullopt;
     constexpr int betweenLooks = 20;  // milliseconds
-    while (!response.isThere && displayAnswers()) {
+    constexpr int looksInASecond = 1000 / betweenLooks;
+    for (int looks = 1; !response.isThere; ++looks) {
         loop.iterate();
         pumpHostLoop();
         poll(nullptr, 0, betweenLooks);
+        if (looks % looksInASecond == 0 && !displayAnswers()) break;  // nobody will answer any more
     }
     return response.path;
 }

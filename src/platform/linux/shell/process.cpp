@@ -64,9 +64,10 @@ R8 startProcess(const Command& command) {
         _exit(write(writer.get(), &report, sizeof report) == sizeof report ? 0 : 1);
     }
     { const FileDescriptor closed = std::move(writer); }
-    const bool isTold = child > 0 && readWhole(reader, &report, sizeof report);
+    // Its end is waited for before its report is read: so this process wakes up only once.
     while (child > 0 && waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
     }
+    const bool isTold = child > 0 && readWhole(reader, &report, sizeof report);
     lastError() = report.error;
     if (report.error == ENOENT || report.error == ENOTDIR) raise(ErrorNumber::FileNotFound);
     if (!isTold || report.error != 0) raise(ErrorNumber::InvalidCall);

@@ -1,10 +1,8 @@
 #include "platform/linux/shell/shared_timer.h"
 
-#include <array>
 #include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
-#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <sys/timerfd.h>
 
@@ -32,7 +30,7 @@ bool isOwnFolder(const std::string& folder) {
 }
 
 std::string ownFolder(const std::string& above) {
-    if (above.empty() || !factsOf(above)) return {};
+    if (!above.starts_with('/') || !factsOf(above)) return {};
     auto folder = above + "/tovera";
     mkdir(folder.c_str(), 0700);
     return isOwnFolder(folder) ? folder : std::string();
@@ -79,9 +77,8 @@ SharedTimer::SharedTimer(const std::string& name) : clockKind_(CLOCK_MONOTONIC) 
     if (!file_.isOpen()) return;
     existed_ = !lockFile(file_, F_WRLCK, F_OFD_SETLK);
     const bool isLocked = lockFile(file_, F_RDLCK, F_OFD_SETLKW);
-    FileDescriptor changes(inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
-    if (!isLocked || inotify_add_watch(changes.get(), path.c_str(), IN_MODIFY) < 0) return;
-    changes_ = std::move(changes);
+    if (!isLocked) return;
+    changes_.emplace(path);
     clock_ = FileDescriptor(timerfd_create(clockKind_, TFD_CLOEXEC | TFD_NONBLOCK));
     if (existed_) arm();
 }
@@ -92,9 +89,7 @@ bool SharedTimer::set(std::int64_t units) {
 }
 
 void SharedTimer::follow() {
-    std::array<char, 4096> events;
-    while (read(changes_.get(), events.data(), events.size()) > 0) {
-    }
+    changes_->forget();
     arm();
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/linux/files/file_descriptor.h"
+#include "platform/linux/shell/file_watch.h"
 
 namespace tovera {
 
@@ -14,7 +16,7 @@ class SharedTimer {
     /// Opens the timer of this name, or makes it. Throws nothing; `isOpen` tells.
     explicit SharedTimer(const std::string& name);
 
-    bool isOpen() const { return clock_.isOpen() && file_.isOpen() && changes_.isOpen(); }
+    bool isOpen() const { return clock_.isOpen() && file_.isOpen() && changes_ && changes_->isOpen(); }
     /// Whether others used it already.
     bool existed() const { return existed_; }
 
@@ -25,13 +27,14 @@ class SharedTimer {
     /// Readable once the timer has fired, until it is armed anew.
     int clock() const { return clock_.get(); }
     /// Readable when the timer has been armed by others; then `follow`.
-    int changes() const { return changes_.get(); }
+    int changes() const { return changes_->descriptor(); }
     void follow();
 
   private:
     bool arm();
 
-    FileDescriptor file_, clock_, changes_;
+    FileDescriptor file_, clock_;
+    std::optional<FileWatch> changes_;
     std::int32_t clockKind_ = 0;
     bool existed_ = false;
 };
