@@ -1,6 +1,7 @@
 #include "database/cls_sql.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "database/data_source.h"
 #include "frame/file_system.h"
@@ -70,6 +71,8 @@ Variant Cls_SQL::Creer_ODBC_Access(Bstr& DBFichier, Bstr& LienODBC) {
     if (!FileSystem(platform_.services).fileExists(DBFichier)) return u"Fichier inexistant.";
     auto result = VerifierLienODBC(LienODBC);
     if (!result.empty()) return result;
+    if (!platform_.call(&Odbc32::canKeepSource, std::as_const(LienODBC), std::as_const(DBFichier)))
+        return noDriver;
     DataSource(platform_, DBFichier, LienODBC).declare();
     return u"Creation OK";
 }

@@ -14,7 +14,8 @@ class Cls_SQL {
     Bstr RepAPOS(const Bstr& Chaine);
 
     /// Declares a database file under a new name. The result is a message: "Creation OK" says that all was
-    /// tried, the others why nothing was.
+    /// tried, the others why nothing was. "MDAC non installé." is the answer too for a name or a file that
+    /// ODBC of this home can't keep, which standard error then tells.
     Variant Creer_ODBC_Access(Bstr& DBFichier, Bstr& LienODBC);
 
   private:

@@ -31,6 +31,13 @@ struct Odbc32 : Port<Odbc32> {
         return missingEntryPoint(environment, direction, name, nameLength, description, descriptionLength);
     }
     virtual I4 SQLFreeHandle(I4 type, I4 handle) { return missingEntryPoint(type, handle); }
+
+    /// Whether ODBC of this home can keep a source of this name with this database file. One that it can't
+    /// keep is told of as ODBC does.
+    virtual bool canKeepSource(const AnsiText& name, const AnsiText& file) {
+        static_cast<void>(name), static_cast<void>(file);
+        return true;
+    }
 };
 
 Odbc32& homeOdbc32();

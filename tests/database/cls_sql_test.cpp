@@ -47,7 +47,13 @@ struct ListOfSources : Odbc32 {
         return -1;
     }
 
+    bool canKeepSource(const AnsiText& name, const AnsiText& file) override {
+        EXPECT_EQ(std::tuple(name.bytes, file.bytes), std::tuple("Base", "C:\\a.mdb"));
+        return keeps;
+    }
+
     std::vector<Source> sources;
+    bool keeps = true;
     I4 allocation = 0, setting = 0, end = 100;
     int used = 0;  ///< handles
 };
@@ -133,7 +139,11 @@ TEST_F(Sql, whatStandsInTheWay) {
         EXPECT_EQ(result, expected);
         EXPECT_EQ(odbc.used, 0) << "an environment was kept";
     }
-    EXPECT_TRUE(registry.done.empty());
+    odbc = {};
+    odbc.sources = {access};
+    odbc.keeps = false;
+    EXPECT_EQ(declare(), noMdac);
+    EXPECT_TRUE(registry.done.empty() && files.textOf("WINDOWS/ODBC.INI").empty());
 }
 
 TEST_F(Sql, callsByName) {

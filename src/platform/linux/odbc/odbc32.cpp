@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iostream>
 #include <map>
 #include <mutex>
 #include <odbcinst.h>
@@ -100,6 +101,7 @@ class LinuxOdbc32 : public Odbc32 {
     I4 SQLDataSources(I4 environment, I4 direction, AnsiText& name, I2& nameLength, AnsiText& description,
                       I2& descriptionLength) override;
     I4 SQLFreeHandle(I4 type, I4 handle) override;
+    bool canKeepSource(const AnsiText& name, const AnsiText& file) override;
 
   private:
     struct Environment {
@@ -171,6 +173,14 @@ I4 LinuxOdbc32::SQLFreeHandle(I4 type, I4 handle) {
     const std::lock_guard guard(mutex_);
     environments_.erase(handle);
     return status;
+}
+
+bool LinuxOdbc32::canKeepSource(const AnsiText& name, const AnsiText& file) {
+    const bool isKept = tovera::canKeepSource(name.terminated(), file.terminated());
+    if (!isKept)
+        std::cerr << "tovera: ODBC: Invalid DSN: " << toUtf8(fromAnsi1252(name.terminated())) << " ("
+                  << toUtf8(fromAnsi1252(file.terminated())) << ')' << std::endl;
+    return isKept;
 }
 
 }  // namespace

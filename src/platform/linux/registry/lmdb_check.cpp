@@ -227,16 +227,16 @@ class Check {
     bool lastWasEntry_ = false;
 };
 
-/// The bytes of a file, mapped for reading; none for a missing file. A file that can't be read tells nothing
-/// of its bytes: that is a failure of its own.
+/// The bytes of a file, mapped for reading; none for a missing one, and for what is no file. A file that
+/// can't be read tells nothing of its bytes: that is a failure of its own.
 class MappedFile {
   public:
     explicit MappedFile(const std::string& file) {
-        const FileDescriptor opened(open(file.c_str(), O_RDONLY | O_CLOEXEC));
+        const FileDescriptor opened(open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
         if (!opened.isOpen() && errno == ENOENT) return;
         if (!opened.isOpen()) throw StoreFailure{errno};
         struct stat facts {};
-        if (fstat(opened.get(), &facts) == 0 && facts.st_size > 0) {
+        if (fstat(opened.get(), &facts) == 0 && S_ISREG(facts.st_mode) && facts.st_size > 0) {
             size_ = static_cast<std::size_t>(facts.st_size);
             address_ = mmap(nullptr, size_, PROT_READ, MAP_SHARED, opened.get(), 0);
         }

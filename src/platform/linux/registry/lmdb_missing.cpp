@@ -34,6 +34,10 @@ LmdbStore::LmdbStore(std::string folder) : folder_(std::move(folder)) {}
 
 LmdbStore::~LmdbStore() = default;
 
+void LmdbStore::keepDamaged() {}
+
+void LmdbStore::tellOfEarlierLoss() {}
+
 I4 LmdbStore::run(Purpose, WorkReference) {
     raise(ErrorNumber::FileNotFound);
 }

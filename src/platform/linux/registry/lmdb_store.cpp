@@ -3,6 +3,7 @@
 #if __has_include(<lmdb.h>)
 
 #include <cerrno>
+#include <iostream>
 
 #include "platform/linux/registry/lmdb_environment.h"
 #include "platform/linux/registry/registry_status.h"
@@ -90,7 +91,10 @@ bool LmdbStore::recover(const StoreFailure& failure) {
             close();
             return true;
         default:
-            if (failure.isDamage()) close();  // the file is checked when it is opened again
+            if (!failure.isDamage()) return false;
+            std::cerr << "tovera: the store in " << folder_ << " is damaged: an entry can't be read"
+                      << std::endl;
+            close();  // the file is checked when it is opened again
             return false;
     }
 }

@@ -18,7 +18,8 @@ namespace tovera {
 /// cost a hundred times as much; that happens when the store closes. A power cut can therefore undo the last
 /// transactions or, where the disk has reordered them, damage the file. For that case the first change after
 /// each start of the machine leaves a synced copy behind, to which the store goes back. A damaged file is
-/// reported on standard error and kept under another name.
+/// reported on standard error and kept under another name, and so is one with an entry that can't be read
+/// before something is written over it.
 class LmdbStore {
   public:
     /// Nothing is opened before the first transaction.
@@ -38,6 +39,12 @@ class LmdbStore {
     I4 write(Work&& work) {
         return run(Purpose::Write, WorkReference(work));
     }
+
+    /// Inside of work that writes: leaves a copy of the file, before something that can't be read is written
+    /// over.
+    void keepDamaged();
+    /// Tells, once a process, that what isn't there may have been lost with a file that was damaged before.
+    void tellOfEarlierLoss();
 
   private:
     enum class Purpose { Read, Write };
@@ -69,6 +76,8 @@ class LmdbStore {
     void checkFile();
     void close();
     void setAside();
+    std::string nameForDamaged() const;
+    bool takeRestored() const;
     void prepareForWriting();
     void makeCopy();
     bool isReplaced() const;
@@ -86,6 +95,7 @@ class LmdbStore {
     bool unsynced_ = false;
     ino_t inode_ = 0;
     unsigned generation_ = 0;
+    bool isLossTold_ = false;
 };
 
 }  // namespace tovera

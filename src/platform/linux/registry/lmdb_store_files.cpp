@@ -16,9 +16,11 @@
 #include <sys/statvfs.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 #include "platform/linux/files/file_descriptor.h"
 #include "platform/linux/files/file_facts.h"
+#include "platform/linux/files/folder_entries.h"
 #include "platform/linux/registry/lmdb_check.h"
 #include "platform/linux/registry/lmdb_environment.h"
 #include "platform/linux/registry/lmdb_store.h"
@@ -31,6 +33,8 @@ constexpr unsigned mostReaders = 1024;
 constexpr const char* dataFile = "data.mdb";
 constexpr const char* lockFile = "lock.mdb";
 constexpr const char* copyFile = "copy.mdb";
+constexpr const char* restoredFile = "restored";
+constexpr const char* damagedFile = "damaged-";
 
 /// Counts the forks that led to this process: what LMDB has open doesn't survive one.
 std::atomic<unsigned> forks{0};
@@ -122,6 +126,7 @@ void LmdbStore::open() {
     std::filesystem::create_directories(folder_, ignored);
     const FolderGuard guard(folder_);
     try {
+        takeRestored();
         openEnvironment();
         checkFile();
     } catch (const StoreFailure& failure) {
@@ -188,11 +193,23 @@ void LmdbStore::close() {
     unsynced_ = preparedForWriting_ = false;
 }
 
+std::string LmdbStore::nameForDamaged() const {
+    static std::atomic<unsigned> count{0};
+    return file(damagedFile) + std::to_string(std::time(nullptr)) + '-' + std::to_string(getpid()) +
+           (count++ == 0 ? "" : '-' + std::to_string(count));
+}
+
 /// Gives the damaged file a name of its own and goes back to the last good copy, or to an empty store where
 /// there is none.
 void LmdbStore::setAside() {
-    const auto kept = file("damaged-") + std::to_string(std::time(nullptr)) + "-" + std::to_string(getpid());
+    using std::filesystem::copy_options;
+    isLossTold_ = true;
     std::error_code failed;
+    std::error_code copying;
+    const bool hasCopy =
+        isSoundStore(file(copyFile)) && std::filesystem::copy_file(file(copyFile), file(restoredFile),
+                                                                   copy_options::overwrite_existing, copying);
+    const auto kept = nameForDamaged();
     std::filesystem::rename(file(dataFile), kept, failed);
     if (failed) {
         std::cerr << "tovera: the store in " << folder_ << " is damaged" << std::endl;
@@ -201,11 +218,43 @@ void LmdbStore::setAside() {
     std::filesystem::remove(file(lockFile), failed);
     std::cerr << "tovera: the store in " << folder_ << " was damaged; its file is kept as " << kept
               << std::endl;
-    if (!isSoundStore(file(copyFile))) return;
-    const auto restored = file("restored");
-    if (std::filesystem::copy_file(file(copyFile), restored, failed) && !failed) {
-        std::filesystem::rename(restored, file(dataFile), failed);
+    if (hasCopy) takeRestored();
+}
+
+/// The copy that is to take the place of a damaged file, if it is there: a restoration may have been
+/// interrupted.
+bool LmdbStore::takeRestored() const {
+    std::error_code failed;
+    const bool isReady =
+        std::filesystem::exists(file(restoredFile), failed) && isSoundStore(file(restoredFile));
+    if (!isReady || std::filesystem::exists(file(dataFile), failed)) return false;
+    std::filesystem::rename(file(restoredFile), file(dataFile), failed);
+    if (!failed)
         std::cerr << "tovera: a copy from an earlier start of the machine takes its place" << std::endl;
+    return !failed;
+}
+
+void LmdbStore::keepDamaged() {
+    const auto kept = nameForDamaged();
+    std::error_code failed;
+    std::filesystem::copy_file(file(dataFile), kept, failed);
+    if (failed) {
+        std::cerr << "tovera: the store in " << folder_ << " is damaged and can't be kept" << std::endl;
+        throw StoreFailure{failed.value()};
+    }
+    std::cerr << "tovera: the store in " << folder_ << " is damaged; its file as it is now is kept as "
+              << kept << std::endl;
+}
+
+void LmdbStore::tellOfEarlierLoss() {
+    const std::lock_guard guard(mutex_);
+    if (std::exchange(isLossTold_, true)) return;
+    for (const auto& name : entriesOf(folder_)) {
+        if (!name.starts_with(damagedFile)) continue;
+        std::cerr << "tovera: something that isn't in the registry was asked for; it may be in "
+                  << file(name.c_str()) << ", which was damaged. This is told as long as that file is there."
+                  << std::endl;
+        return;
     }
 }
 

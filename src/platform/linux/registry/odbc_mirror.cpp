@@ -19,6 +19,7 @@ namespace tovera {
 namespace {
 
 constexpr std::string_view listOfSources = "ODBC Data Sources";
+constexpr std::string_view databaseKey = "Database";
 constexpr std::string_view accessLibrary = "odbcjt32.dll";
 
 /// The file that unixODBC reads for the user.
@@ -28,9 +29,13 @@ std::string userFile() {
     return std::string(user && user->pw_dir ? user->pw_dir : "/home") + "/.odbc.ini";
 }
 
-/// The file is UTF-8, and a line of it can hold no line end.
+/// The file is UTF-8.
 std::string lineText(std::string_view ansi) {
-    auto text = toUtf8(fromAnsi1252(ansi.substr(0, ansi.find('\0'))));
+    return toUtf8(fromAnsi1252(ansi.substr(0, ansi.find('\0'))));
+}
+
+/// A line of the file can hold no line end: in what is only read by people it becomes a blank.
+std::string withoutLineEnds(std::string text) {
     std::ranges::replace_if(
         text, [](char c) { return c == '\r' || c == '\n'; }, ' ');
     return text;
@@ -50,11 +55,11 @@ std::string hostFile(std::string_view path) {
 
 /// A text value in the words of unixODBC: its own name of the Access driver, the file as its own path.
 EntryWrite entryFor(std::string_view source, std::string_view valueName, std::string_view text) {
-    EntryWrite entry{lineText(source), lineText(valueName), lineText(text)};
+    EntryWrite entry{lineText(source), lineText(valueName), withoutLineEnds(lineText(text))};
     if (sameFolded(source, listOfSources)) {
         if (text == accessDescription) entry.value = accessDriver;
     } else if (sameFolded(valueName, "DBQ")) {
-        entry.key = "Database";
+        entry.key = databaseKey;
         entry.value = hostFile(text);
     } else if (sameFolded(valueName, "Driver") && endsWithName(text, accessLibrary)) {
         entry.value = accessDriver;
@@ -62,11 +67,36 @@ EntryWrite entryFor(std::string_view source, std::string_view valueName, std::st
     return entry;
 }
 
-/// What a profile can't say, in names that would be read as something else, stays in the registry alone.
+constexpr std::size_t longestLine = 990;  ///< in bytes: unixODBC reads no more of one
+
+/// Whether a text comes back from its line as it is.
+bool canStandAsValue(std::string_view text) {
+    return text.size() < longestLine && withoutBlanks(text) == text &&
+           text.find_first_of("\r\n") == std::string_view::npos;
+}
+
+bool canStandAsKey(std::string_view key) {
+    return canStandAsValue(key) && !key.empty() && key.find('=') == std::string_view::npos &&
+           std::string_view("[;#").find(key[0]) == std::string_view::npos;
+}
+
+/// A name stands in its header and as a key of the list. unixODBC ends a header at the first bracket.
+bool canStandAsSource(std::string_view name) {
+    return canStandAsKey(name) && name.find_first_of("[]") == std::string_view::npos;
+}
+
+/// What a profile can't say, or would say of something else, stays in the registry alone.
 bool canStand(const EntryWrite& entry) {
-    const auto& key = entry.key;
-    return entry.section.find_first_of("[]") == std::string::npos && !key.empty() &&
-           key.find('=') == std::string::npos && std::string_view("[;#").find(key[0]) == std::string::npos;
+    const bool isListed = sameFolded(entry.section, listOfSources);
+    return canStandAsSource(isListed ? entry.key : entry.section) && canStandAsKey(entry.key) &&
+           entry.key.size() + entry.value->size() < longestLine &&
+           (entry.key != databaseKey || canStandAsValue(*entry.value));
+}
+
+bool isListed(std::string_view text, std::string_view source) {
+    ProfileSearch search(listOfSources, source);
+    search.goesOnAfter(text);
+    return search.value().has_value();
 }
 
 I4 statusOf(int error) {
@@ -75,7 +105,9 @@ I4 statusOf(int error) {
 
 /// A new file gets this system's line ends from its first line, which all others follow.
 I4 setEntry(const EntryWrite& entry) {
-    return statusOf(changeFile(userFile(), [&](std::string_view bytes) {
+    const bool needsList = entry.section.find('\\') != std::string::npos;
+    return statusOf(changeFile(userFile(), [&](std::string_view bytes) -> std::optional<std::string> {
+        if (needsList && !isListed(bytes, entry.section)) return {};
         const auto text = bytes.empty() ? "[" + std::string(listOfSources) + "]\n" : std::string(bytes);
         return withEdits(text, editsFor(text, {&entry, 1}));
     }));
@@ -83,9 +115,16 @@ I4 setEntry(const EntryWrite& entry) {
 
 }  // namespace
 
-bool isDataSource(const KeyPlace& key) {
-    static const auto sources = placeBelow(rootPlace(1), "Software\\ODBC\\ODBC.INI");
-    return key.parent == sources.id;
+std::string_view dataSourceIn(std::string_view path) {
+    for (const std::string_view name : {"Software", "ODBC", "ODBC.INI"}) {
+        if (!sameFolded(path.substr(0, path.find('\\')), name)) return {};
+        path.remove_prefix(std::min(path.find_first_not_of('\\', name.size()), path.size()));
+    }
+    return path.substr(0, path.find_last_not_of('\\') + 1);
+}
+
+bool canKeepSource(std::string_view name, std::string_view file) {
+    return canStandAsSource(lineText(name)) && canStandAsValue(hostFile(file));
 }
 
 I4 mirrorDataSource(std::string_view source, std::string_view valueName, I4 type, Bytes data) {
@@ -103,7 +142,10 @@ I4 mirrorDataSource(std::string_view source, std::string_view valueName, I4 type
 
 I4 forgetDataSource(std::string_view source) {
     const auto section = lineText(source);
-    return statusOf(changeFile(userFile(), [&](std::string_view bytes) {
+    if (!canStandAsSource(section)) return registryStatus::success;
+    const bool needsList = section.find('\\') != std::string::npos;
+    return statusOf(changeFile(userFile(), [&](std::string_view bytes) -> std::optional<std::string> {
+        if (needsList && !isListed(bytes, section)) return {};
         const auto removed = withEdits(bytes, editsToRemoveSection(bytes, section));
         const auto text = removed ? *removed : std::string(bytes);
         const EntryWrite unlisting{std::string(listOfSources), section, std::nullopt};

@@ -31,6 +31,11 @@ I4 checkPath(const AnsiText& subKey) {
     return subKey.terminated().starts_with('\\') ? badPathName : success;
 }
 
+/// A key that isn't a data source itself but below one, or a source whose name has backslashes.
+bool isDeep(std::string_view dataSource) {
+    return dataSource.find('\\') != std::string_view::npos;
+}
+
 /// The registry on a store of the user's own. All seven roots are the user's; HKEY_CLASSES_ROOT shows the
 /// classes of HKEY_CURRENT_USER in front of those of HKEY_LOCAL_MACHINE.
 class LinuxRegistry : public Registry {
@@ -52,10 +57,12 @@ class LinuxRegistry : public Registry {
         std::optional<KeyPlace> behind;
         I4 access = 0;
         bool isOpen = false;
+        std::string dataSource;  ///< the name, for a key of the user's data sources
     };
 
     std::optional<OpenKey> keyOf(I4 handle);
-    I4 find(const OpenKey& key, const AnsiText& subKey, OpenKey& found);
+    static std::string dataSourceAt(I4 handle, const OpenKey& from, std::string_view path);
+    I4 find(I4 handle, const OpenKey& key, const AnsiText& subKey, OpenKey& found);
     I4 handleFor(OpenKey key);
 
     RegistryStore store_;
@@ -66,10 +73,10 @@ class LinuxRegistry : public Registry {
 
 std::optional<LinuxRegistry::OpenKey> LinuxRegistry::keyOf(I4 handle) {
     if (const auto root = rootOf(handle)) {
-        if (*root != classes) return OpenKey{rootPlace(*root), {}, allAccess, true};
+        if (*root != classes) return OpenKey{rootPlace(*root), {}, allAccess, true, {}};
         static const auto userClasses = placeBelow(rootPlace(currentUser), "Software\\Classes");
         static const auto machineClasses = placeBelow(rootPlace(localMachine), "Software\\Classes");
-        return OpenKey{userClasses, machineClasses, allAccess, true};
+        return OpenKey{userClasses, machineClasses, allAccess, true, {}};
     }
     const std::lock_guard guard(mutex_);
     const auto index = static_cast<std::size_t>(handle / handleStep - 1);
@@ -90,10 +97,17 @@ I4 LinuxRegistry::handleFor(OpenKey key) {
     return static_cast<I4>(index + 1) * handleStep;
 }
 
+/// The name for a key of the user's data sources that a path leads to; empty for all other keys.
+std::string LinuxRegistry::dataSourceAt(I4 handle, const OpenKey& from, std::string_view path) {
+    if (handle == rootKeys::currentUser) return std::string(dataSourceIn(path));
+    if (from.dataSource.empty() || path.empty()) return from.dataSource;
+    return from.dataSource + '\\' + std::string(path);
+}
+
 /// The key below another; of a class key the user's, with the machine's behind it, or the machine's alone.
-I4 LinuxRegistry::find(const OpenKey& key, const AnsiText& subKey, OpenKey& found) {
+I4 LinuxRegistry::find(I4 handle, const OpenKey& key, const AnsiText& subKey, OpenKey& found) {
     const auto path = subKey.terminated();
-    found = {placeBelow(key.place, path), {}, 0, true};
+    found = {placeBelow(key.place, path), {}, 0, true, dataSourceAt(handle, key, path)};
     const auto status = store_.findKey(found.place);
     if (!key.behind || (status != success && status != notFound)) return status;
     const auto behind = placeBelow(*key.behind, path);
@@ -112,7 +126,7 @@ I4 LinuxRegistry::RegOpenKeyExA(I4 key, const AnsiText& subKey, I4 /*options*/, 
     if (!from) return invalidHandle;
     if (const auto status = checkPath(subKey); status != success) return status;
     OpenKey found;
-    if (const auto status = find(*from, subKey, found); status != success) return status;
+    if (const auto status = find(key, *from, subKey, found); status != success) return status;
     found.access = access;
     opened = handleFor(found);
     return success;
@@ -123,11 +137,11 @@ I4 LinuxRegistry::RegCreateKeyA(I4 key, const AnsiText& subKey, I4& created) {
     if (!from) return invalidHandle;
     if (const auto status = checkPath(subKey); status != success) return status;
     OpenKey found;
-    auto status = find(*from, subKey, found);
+    auto status = find(key, *from, subKey, found);
     if (status == notFound) {
         if (!(from->access & createAccess)) return accessDenied;
         const auto& maker = from->behind.value_or(from->place);
-        found = {placeBelow(maker, subKey.terminated()), {}, 0, true};
+        found.place = placeBelow(maker, subKey.terminated());
         status = store_.createKey(maker, subKey.terminated());
     }
     if (status != success) return status;
@@ -142,9 +156,10 @@ I4 LinuxRegistry::RegSetValueExA(I4 key, const AnsiText& name, I4 /*reserved*/, 
     if (!open) return invalidHandle;
     if (!(open->access & setAccess)) return accessDenied;
     const auto value = name.terminated();
-    if (!isDataSource(open->place)) return store_.setValue(open->place, value, type, data);
-    return store_.setValue(open->place, value, type, data, [&](std::string_view source) {
-        return mirrorDataSource(source, value, type, data);
+    const auto& source = open->dataSource;
+    if (source.empty()) return store_.setValue(open->place, value, type, data);
+    return store_.setValue(open->place, value, type, data, [&](std::string_view keyName) {
+        return mirrorDataSource(isDeep(source) ? source : keyName, value, type, data);
     });
 }
 
@@ -164,9 +179,12 @@ I4 LinuxRegistry::RegDeleteKeyA(I4 key, const AnsiText& subKey) {
     if (subKey.isNull) return invalidParameter;
     if (const auto status = checkPath(subKey); status != success) return status;
     OpenKey found;
-    if (const auto status = find(*from, subKey, found); status != success) return status;
-    if (!isDataSource(found.place)) return store_.deleteKey(found.place);
-    return store_.deleteKey(found.place, forgetDataSource);
+    if (const auto status = find(key, *from, subKey, found); status != success) return status;
+    const auto& source = found.dataSource;
+    if (source.empty()) return store_.deleteKey(found.place);
+    return store_.deleteKey(found.place, [&](std::string_view keyName) {
+        return forgetDataSource(isDeep(source) ? source : keyName);
+    });
 }
 
 I4 LinuxRegistry::RegCloseKey(I4 key) {

@@ -141,8 +141,11 @@ std::optional<std::string> givenName(const std::optional<Bytes>& entry) try {
 }
 
 /// Stores an entry under its first name. Two names may share an identifier in theory: the second is refused.
-bool put(StoreTransaction& transaction, const EntryKey& key, I4 type, std::string_view name, Bytes data) {
-    const auto given = givenName(transaction.get(key));
+bool put(LmdbStore& store, StoreTransaction& transaction, const EntryKey& key, I4 type, std::string_view name,
+         Bytes data) {
+    const auto present = transaction.get(key);
+    const auto given = givenName(present);
+    if (present && !given) store.keepDamaged();
     if (given && !sameFolded(*given, name)) return false;
     transaction.put(key, packed(type, given ? *given : name, data));
     return true;
@@ -185,9 +188,11 @@ KeyPlace placeBelow(const KeyPlace& key, std::string_view path) {
 }
 
 I4 RegistryStore::findKey(const KeyPlace& key) {
-    return store_.read([&](StoreTransaction& transaction) {
+    const auto status = store_.read([&](StoreTransaction& transaction) {
         return exists(transaction, key) ? registryStatus::success : registryStatus::notFound;
     });
+    if (status == registryStatus::notFound) store_.tellOfEarlierLoss();
+    return status;
 }
 
 I4 RegistryStore::createKey(const KeyPlace& from, std::string_view path) {
@@ -200,7 +205,7 @@ I4 RegistryStore::createKey(const KeyPlace& from, std::string_view path) {
         for (const auto name : names) {
             place = {place.id, idWithin(place.id, name)};
             if (exists(transaction, place)) continue;
-            if (!put(transaction, keyEntry(place), 0, name, {})) return registryStatus::cannotWrite;
+            if (!put(store_, transaction, keyEntry(place), 0, name, {})) return registryStatus::cannotWrite;
             transaction.put(listEntry(place), {});
         }
         return registryStatus::success;
@@ -229,7 +234,7 @@ I4 RegistryStore::setValue(const KeyPlace& key, std::string_view name, I4 type, 
     const auto valueKey = entryKey(key.id, Kind::Value, idWithin(key.id, name));
     return store_.write([&](StoreTransaction& transaction) {
         if (!exists(transaction, key)) return registryStatus::keyDeleted;
-        if (!put(transaction, valueKey, type, name, data)) return registryStatus::cannotWrite;
+        if (!put(store_, transaction, valueKey, type, name, data)) return registryStatus::cannotWrite;
         return writing ? writing(nameOf(transaction, key)) : registryStatus::success;
     });
 }
@@ -237,7 +242,7 @@ I4 RegistryStore::setValue(const KeyPlace& key, std::string_view name, I4 type, 
 I4 RegistryStore::queryValue(const KeyPlace& key, std::string_view name, I4& type, std::span<std::byte> room,
                              I4& size) {
     const auto valueKey = entryKey(key.id, Kind::Value, idWithin(key.id, name));
-    return store_.read([&](StoreTransaction& transaction) {
+    const auto status = store_.read([&](StoreTransaction& transaction) {
         const auto found = transaction.get(valueKey);
         if (!found) {
             return exists(transaction, key) ? registryStatus::notFound : registryStatus::keyDeleted;
@@ -246,6 +251,8 @@ I4 RegistryStore::queryValue(const KeyPlace& key, std::string_view name, I4& typ
         if (!sameFolded(entry.name, name)) return registryStatus::notFound;
         return copyData(entry, std::exchange(type, entry.type), room, size);
     });
+    if (status == registryStatus::notFound) store_.tellOfEarlierLoss();
+    return status;
 }
 
 }  // namespace tovera

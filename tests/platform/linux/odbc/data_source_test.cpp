@@ -68,6 +68,42 @@ TEST_F(DataSources, reachTheFileInItsOwnWords) {
     EXPECT_TRUE(user.reads(sourcesKey + "Base", "UID", "x")) << "refused by the file, kept in the registry";
 }
 
+/// What ODBC's file can't keep as it is stays out of it, and away from what is there.
+TEST_F(DataSources, areWholeInTheFileOrNotThereAtAll) {
+    const std::string other = "[Other]\nDriver=SQLite\n[ODBC Data Sources]\nOther=SQLite\n";
+    files.makeFile("odbc.ini", other);
+    const std::string database = "C:\\a.mdb";
+    const auto declare = [&](const std::string& name, const std::string& file) {
+        write("ODBC Data Sources", name, "Microsoft Access Driver (*.mdb)");
+        EXPECT_EQ(user.create(sourcesKey + name), 0);
+        write(name, "DBQ", file);
+        write(name, "UID", "x");
+    };
+    ::testing::internal::CaptureStderr();
+    for (const auto* name : {"", " ", " Other", "Other ", "Other]x", "[Other", "a=b", ";a", "#a", "a\nb",
+                             "Other\r", "\r\n[Other]\r\nDriver=X"})
+        EXPECT_FALSE(odbc.canKeepSource({name}, {database})) << name;
+    EXPECT_FALSE(odbc.canKeepSource({"a"}, {"C:\\a\nb.mdb"}));
+    EXPECT_FALSE(odbc.canKeepSource({"a"}, {"C:\\a.mdb "}));
+    EXPECT_FALSE(odbc.canKeepSource({"a"}, {"C:\\" + std::string(1000, 'x')}));
+    EXPECT_THAT(::testing::internal::GetCapturedStderr(), ::testing::HasSubstr("Invalid DSN: Other]x ("));
+    for (const auto* name : {"Other]x", "Other\r\n", "a=b", ";a"}) declare(name, database);
+    EXPECT_EQ(contentOf(odbcFile), other);
+
+    for (const auto* name : {"a\\b", "A b; c's (2)"}) {
+        EXPECT_TRUE(odbc.canKeepSource({name}, {database}));
+        declare(name, database);
+    }
+    user.create(sourcesKey + "a\\b\\Engines");
+    write("a\\b\\Engines", "Threads", "3");
+    const auto values = "]\nDatabase=" + files.onC("a.mdb") + "\nUID=x\n";
+    const std::string list = "a\\b=MDBTools\nA b; c's (2)=MDBTools\n";
+    EXPECT_EQ(contentOf(odbcFile), other + list + "[a\\b" + values + "[A b; c's (2)" + values);
+    user.remove(sourcesKey + "a\\b\\Engines");
+    EXPECT_EQ(user.remove(sourcesKey + "a\\b"), 0);
+    EXPECT_EQ(contentOf(odbcFile), other + "A b; c's (2)=MDBTools\n[A b; c's (2)" + values);
+}
+
 TEST_F(DataSources, areListedAsOdbcProgramsSeeThem) {
     if (std::system("odbcinst -q -d -n MDBTools >/dev/null 2>&1") != 0)
         GTEST_SKIP() << "the Access driver isn't registered";

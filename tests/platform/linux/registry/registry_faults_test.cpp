@@ -208,17 +208,76 @@ TEST_F(RegistryFaults, aDamagedStoreIsToldAndSetAsideWhole) {
     }
 }
 
-TEST_F(RegistryFaults, aChangedByteIsNeverReadAsTheValue) {
+TEST_F(RegistryFaults, aChangedByteIsToldAndKeptBeforeTheValueIsWrittenAnew) {
     fill(0);
     const std::string value = "a value that stands in the file as it is";
     RegistryUser(store).write(keyPath, "v", value);
     const auto bytes = contentOf(data);
     for (auto at = bytes.find(value); at != std::string::npos; at = bytes.find(value, at + 1))
         overwrite(at + 3, "X");
+    const auto damaged = contentOf(data);
     RegistryUser user(store);
-    EXPECT_EQ(user.read(keyPath, "v"), registryCorrupt);
+    for (int read = 0; read < 2; ++read) {
+        ::testing::internal::CaptureStderr();
+        EXPECT_EQ(user.read(keyPath, "v"), registryCorrupt);
+        EXPECT_THAT(::testing::internal::GetCapturedStderr(), ::testing::HasSubstr("can't be read"));
+    }
+    ::testing::internal::CaptureStderr();
     EXPECT_EQ(user.write(keyPath, "v", value), success);
+    const auto message = ::testing::internal::GetCapturedStderr();
     EXPECT_TRUE(user.reads(keyPath, "v", value));
+    ASSERT_EQ(keptFiles().size(), 1U);
+    EXPECT_TRUE(contentOf(keptFiles()[0]) == damaged);
+    EXPECT_THAT(message, ::testing::HasSubstr(keptFiles()[0]));
+    EXPECT_EQ(user.write(keyPath, "v", "sound"), success);
+    EXPECT_EQ(keptFiles().size(), 1U);
+}
+
+TEST_F(RegistryFaults, whatIsMissingAfterADamageIsTold) {
+    fill(3);
+    std::ofstream(data) << "This is no store.";
+    const auto toldBy = [&](const std::string& name) {
+        ::testing::internal::CaptureStderr();
+        Numbers user(store);
+        for (int i = 0; i < 2; ++i) user.read(keyPath, name);
+        return ::testing::internal::GetCapturedStderr();
+    };
+    EXPECT_THAT(toldBy("1"), ::testing::HasSubstr("was damaged"));
+    EXPECT_THAT(toldBy("1"), ::testing::HasSubstr("may be in " + keptFiles()[0]));
+    std::filesystem::remove(keptFiles()[0]);
+    EXPECT_EQ(toldBy("1"), "");
+}
+
+TEST_F(RegistryFaults, anInterruptedRestorationIsFinished) {
+    fill(20);
+    std::filesystem::copy_file(data, store + "/copy.mdb");
+    std::ofstream(store + "/restored") << "half of a copy";
+    std::ofstream(data) << "This is no store.";
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(Numbers(store).read(keyPath, "1"), registryCorrupt);
+    expectFilled(20);
+    // Ended between its two renames.
+    std::filesystem::rename(data, store + "/restored");
+    expectFilled(20);
+    EXPECT_FALSE(std::filesystem::exists(store + "/restored"));
+    ::testing::internal::GetCapturedStderr();
+}
+
+TEST_F(RegistryFaults, aPipeInThePlaceOfAFileHoldsNobody) {
+    for (const auto* name : {"data.mdb", "copy.mdb", "restored", "lock.mdb", "guard"}) {
+        SCOPED_TRACE(name);
+        std::filesystem::remove_all(store);
+        std::filesystem::create_directory(store);
+        ASSERT_EQ(mkfifo((store + "/" + name).c_str(), 0600), 0);
+        EXPECT_EQ(resultOf(start([&] {
+                      ::alarm(5);
+                      freopen("/dev/null", "w", stderr);
+                      Numbers user(store);
+                      user.create(keyPath);
+                      return 0;
+                  })),
+                  0);
+    }
 }
 
 /// Many changes of all kinds leave a file that the check finds sound, and that holds what a plain map holds.
