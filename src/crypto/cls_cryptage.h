@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/component.h"
+#include "frame/failure_marks.h"
 #include "platform/platform.h"
 
 namespace tovera {
@@ -81,7 +82,8 @@ class Cls_Cryptage {
     bool deriveKey(Attempt& attempt, Handles& handles);
     Bstr workBuffer(I4 length) const;
     void dropHash(Handles& handles);
-    void cleanUp(Handles handles);
+    template <class Handler>
+    void cleanUp(GoesOnBehindFailures<Handler>& step, Handles handles);
     void show(const Bstr& text);
     void showFailure(std::u16string_view during);
     void showBytesRequired(I4 count);

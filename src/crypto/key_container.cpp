@@ -58,8 +58,7 @@ template <class Steps>
 bool Cls_Cryptage::openContainer(Steps& step, I4& context) {
     if (step.test([&] { return acquire(context, 0); })) return true;
     if (!step.test([&] { return acquire(context, newKeySet); })) {
-        context = 0;
-        show(join(u"Error creating key container! ", lastErrorText()));
+        step.run([&] { show(join(u"Error creating key container! ", lastErrorText())); });
         return false;
     }
     std::array<std::byte, nameRoom> name{};
@@ -68,10 +67,10 @@ bool Cls_Cryptage::openContainer(Steps& step, I4& context) {
             return platform_.call(&CryptoProvider::CryptGetProvParam, context, containerName,
                                   std::span<std::byte>(name), length, 0);
         })) {
-        show(join(u"Error getting user name! ", lastErrorText()));
+        step.run([&] { show(join(u"Error getting user name! ", lastErrorText())); });
         name[0] = std::byte{};
     }
-    show(join(u"Create key container ", nameIn(platform_.services, name)));
+    step.run([&] { show(join(u"Create key container ", nameIn(platform_.services, name))); });
     return true;
 }
 
@@ -81,12 +80,12 @@ bool Cls_Cryptage::ensurePair(Steps& step, I4 context, I4 pair) {
     I4 key = 0;
     if (!step.test([&] { return platform_.call(&CryptoProvider::CryptGetUserKey, context, pair, key); })) {
         if (lastError() != noKey) {
-            show(join(u"Error during CryptGetUserKey! ", lastErrorText()));
+            step.run([&] { show(join(u"Error during CryptGetUserKey! ", lastErrorText())); });
             return false;
         }
-        show(u"Create key exchange key pair");
+        step.run([&] { show(u"Create key exchange key pair"); });
         if (!step.test([&] { return platform_.call(&CryptoProvider::CryptGenKey, context, pair, 0, key); })) {
-            show(join(u"Error during CryptGenKey! ", lastErrorText()));
+            step.run([&] { show(join(u"Error during CryptGenKey! ", lastErrorText())); });
             return false;
         }
     }

@@ -55,13 +55,14 @@ void Cls_Cryptage::dropHash(Handles& handles) {
     handles.hash = 0;
 }
 
-/// Gives up what is held: the key, the hash, the provider. A failure here is told to nobody.
-void Cls_Cryptage::cleanUp(Handles handles) {
-    FailuresIgnored step;
-    if (handles.key != 0) step([&] { platform_.call(&CryptoProvider::CryptDestroyKey, handles.key); });
-    if (handles.hash != 0) step([&] { platform_.call(&CryptoProvider::CryptDestroyHash, handles.hash); });
+/// Gives up what is held: the key, the hash, the provider. A failure is shown, and the next is given up all
+/// the same.
+template <class Handler>
+void Cls_Cryptage::cleanUp(GoesOnBehindFailures<Handler>& step, Handles handles) {
+    if (handles.key != 0) step.run([&] { platform_.call(&CryptoProvider::CryptDestroyKey, handles.key); });
+    if (handles.hash != 0) step.run([&] { platform_.call(&CryptoProvider::CryptDestroyHash, handles.hash); });
     if (handles.context != 0)
-        step([&] { platform_.call(&CryptoProvider::CryptReleaseContext, handles.context, 0); });
+        step.run([&] { platform_.call(&CryptoProvider::CryptReleaseContext, handles.context, 0); });
 }
 
 void Cls_Cryptage::Sign() {
@@ -72,20 +73,21 @@ void Cls_Cryptage::Sign() {
         showFailure(during);
         return false;
     };
-    onFailure([this](const CurrentError& error) { show(join(u"ErrSign ", error.description)); },
-              [&] {
-                  signature_ = u"";
-                  if (!hashText(attempt, handles, inBuffer_)) return;
-                  I4 length = 0;
-                  const auto sign = [&] {
-                      return platform_.call(&CryptoProvider::CryptSignHashA, handles.hash, signaturePair,
-                                            Bstr(noDescription), 0, signature_, length);
-                  };
-                  sign();  // for the length alone
-                  signature_ = Bstr(std::u16string(narrow<std::size_t>(length), u'\0'));
-                  attempt(u"CryptSignHash", sign);
-              });
-    cleanUp(handles);
+    const auto handler = [this](const CurrentError& error) { show(join(u"ErrSign ", error.description)); };
+    onFailure(handler, [&] {
+        signature_ = u"";
+        if (!hashText(attempt, handles, inBuffer_)) return;
+        I4 length = 0;
+        const auto sign = [&] {
+            return platform_.call(&CryptoProvider::CryptSignHashA, handles.hash, signaturePair,
+                                  Bstr(noDescription), 0, signature_, length);
+        };
+        sign();  // for the length alone
+        signature_ = Bstr(std::u16string(narrow<std::size_t>(length), u'\0'));
+        attempt(u"CryptSignHash", sign);
+    });
+    GoesOnBehindFailures step(handler);
+    cleanUp(step, handles);
     status_ = 1;
 }
 
@@ -113,15 +115,16 @@ void Cls_Cryptage::Validate() {
             if (lastError() != badSignature) showFailure(u"CryptVerifySignature!");
         }
     }
-    cleanUp(handles);
+    cleanUp(step, handles);
     status_ = valid ? 2 : 1;
 }
 
 /// A text of this length that begins with `InBuffer`; the rest is blanks.
 Bstr Cls_Cryptage::workBuffer(I4 length) const {
-    return Bstr::written(narrow<std::size_t>(length), [&](char16_t* place) {
-        return std::fill_n(place + inBuffer_.view().copy(place, inBuffer_.length()),
-                           narrow<std::size_t>(length) - inBuffer_.length(), u' ');
+    const auto room = narrow<std::size_t>(length);
+    return Bstr::written(room, [&](char16_t* place) {
+        const auto laid = inBuffer_.view().copy(place, room);
+        return std::fill_n(place + laid, room - laid, u' ');
     });
 }
 
@@ -138,8 +141,10 @@ void Cls_Cryptage::Encrypt() {
     if (deriveKey(attempt, handles)) {
         I4 dataLength = 0;
         I4 bufferLength = 0;
-        Bstr work = u"";
-        step.run([&] { dropHash(handles); });
+        Bstr work;  // a buffer that couldn't be made is a null address, for which the provider has no bytes
+                    // to change
+        step.run([&] { platform_.call(&CryptoProvider::CryptDestroyHash, handles.hash); });
+        handles.hash = 0;
         step.run([&] { dataLength = lengthOf(inBuffer_); });
         step.run([&] { bufferLength = checkedMultiply(dataLength, I4{2}); });
         step.run([&] { work = workBuffer(bufferLength); });
@@ -154,7 +159,7 @@ void Cls_Cryptage::Encrypt() {
         }
         step.run([&] { outBuffer_ = Bstr(left(work, narrow<std::size_t>(dataLength))); });
     }
-    cleanUp(handles);
+    cleanUp(step, handles);
     status_ = 1;
 }
 
@@ -166,23 +171,23 @@ void Cls_Cryptage::Decrypt() {
         showFailure(during);
         return false;
     };
-    onFailure([this](const CurrentError& error) { show(join(u"ErrDecrypt ", error.description)); },
-              [&] {
-                  outBuffer_ = u"";
-                  if (!deriveKey(attempt, handles)) return;
-                  dropHash(handles);
-                  I4 count = checkedMultiply(lengthOf(inBuffer_), I4{2});
-                  auto work = workBuffer(count);
-                  if (platform_.call(&CryptoProvider::CryptDecrypt, handles.key, 0, finalBlock, 0, work,
-                                     count) == 0) {
-                      const I4 error = lastError();
-                      showBytesRequired(count);
-                      lastError() = error;
-                      return showFailure(u"CryptDecrypt!");
-                  }
-                  outBuffer_ = Bstr(left(work, inBuffer_.length()));
-              });
-    cleanUp(handles);
+    const auto handler = [this](const CurrentError& error) { show(join(u"ErrDecrypt ", error.description)); };
+    onFailure(handler, [&] {
+        outBuffer_ = u"";
+        if (!deriveKey(attempt, handles)) return;
+        dropHash(handles);
+        I4 count = checkedMultiply(lengthOf(inBuffer_), I4{2});
+        auto work = workBuffer(count);
+        if (platform_.call(&CryptoProvider::CryptDecrypt, handles.key, 0, finalBlock, 0, work, count) == 0) {
+            const I4 error = lastError();
+            showBytesRequired(count);
+            lastError() = error;
+            return showFailure(u"CryptDecrypt!");
+        }
+        outBuffer_ = Bstr(left(work, inBuffer_.length()));
+    });
+    GoesOnBehindFailures step(handler);
+    cleanUp(step, handles);
     status_ = 1;
 }
 

@@ -60,20 +60,18 @@ VariantBool Cls_Internet::OpenCheckedSocketSession() {
         showError(u"The 32-bit Windows Socket is not responding.");
         return False;
     }
-    const auto refuse = [&](const Bstr& why) {
-        showError(why);
-        CloseSocketSession();
-        return False;
+    const auto refuse = [&](const auto&... why) {
+        return workAndGiveBack([&] { return showError(join(why...)), False; }, [&] { CloseSocketSession(); });
     };
     if (facts.mostSockets < fewestSockets) {
-        return refuse(join(u"This application requires a minimum of ", numberToText(fewestSockets),
-                           u" supported sockets."));
+        return refuse(u"This application requires a minimum of ", numberToText(fewestSockets),
+                      u" supported sockets.");
     }
     const auto major = LowByteOf(facts.version);
     const auto minor = HighByteOf(facts.version);
     if (major < requiredMajor || (major == requiredMajor && minor < requiredMinor)) {
-        return refuse(join(u"Sockets version ", numberToText(I4{major}), u".", numberToText(I4{minor}),
-                           u" is not supported by 32-bit Windows Sockets."));
+        return refuse(u"Sockets version ", numberToText(I4{major}), u".", numberToText(I4{minor}),
+                      u" is not supported by 32-bit Windows Sockets.");
     }
     return True;
 }

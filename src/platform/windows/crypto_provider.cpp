@@ -104,8 +104,9 @@ class WindowsCryptoProvider : public CryptoProvider {
                                                flags, bytesOf(buffer), bytes.address());
     }
 
-    /// The result of a call that opens something.
-    I4 added(I4& number, std::uintptr_t handle, I4 result) {
+    /// The result of a call that opens something. The handle is read here, behind the call.
+    template <class Handle>
+    I4 added(I4& number, const Handle& handle, I4 result) {
         if (result != 0) number = handles_.add(handle);
         return result;
     }

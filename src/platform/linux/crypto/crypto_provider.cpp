@@ -5,13 +5,13 @@
 #if __has_include(<openssl/evp.h>)
 
 #include <algorithm>
-#include <pwd.h>
-#include <unistd.h>
 #include <variant>
 
 #include "frame/last_error.h"
+#include "frame/utf8.h"
 #include "platform/linux/crypto/provider_codes.h"
 #include "platform/linux/crypto/provider_handles.h"
+#include "platform/linux/text/code_pages.h"
 
 namespace tovera {
 namespace {
@@ -24,14 +24,6 @@ using Key = std::variant<PairKey, std::unique_ptr<CipherKey>>;
 I4 ended(I4 code) {
     lastError() = code;
     return code == 0 ? 1 : 0;
-}
-
-std::string loginName() {
-    std::vector<char> room(4096);
-    passwd entry{};
-    passwd* found = nullptr;
-    getpwuid_r(geteuid(), &entry, room.data(), room.size(), &found);
-    return found ? found->pw_name : "";
 }
 
 /// The key of a hash: its first five bytes, and eleven zero bytes, as the platform's provider of this name
@@ -84,13 +76,15 @@ I4 findPair(OpenContainer& container, I4 pair) {
     return 0;
 }
 
-/// The value of a hash, which takes no more bytes from then on.
-const Md5Digest& valueOf(OpenHash& hash) {
+/// The value of a hash, which takes no more bytes from then on; null when OpenSSL refuses.
+const Md5Digest* valueOf(OpenHash& hash) {
     if (!hash.value) {
-        unsigned int length = 0;
-        openSsl().digest_final(hash.bytes.get(), hash.value.emplace().data(), &length);
+        const OpenSslErrors scope;
+        Md5Digest value{};
+        if (openSsl().digest_final(hash.bytes.get(), value.data(), nullptr) != 1) return nullptr;
+        hash.value = value;
     }
-    return *hash.value;
+    return &*hash.value;
 }
 
 bool holds(const AnsiText& text, I4 length) {
@@ -100,6 +94,7 @@ bool holds(const AnsiText& text, I4 length) {
 I4 OpenSslProvider::CryptAcquireContextA(I4& context, const AnsiText& /*container*/, const AnsiText& name,
                                          I4 type, I4 flags) {
     if (!openSsl().library.isPresent()) missingLibrary();
+    const OpenSslErrors scope;
     if (!openSslContext() || !md5Algorithm()) return ended(providerCodes::internalFailure);
     if (name.terminated() != providerName || type != provider::rsaFull)
         return ended(providerCodes::noProvider);
@@ -117,7 +112,7 @@ I4 OpenSslProvider::CryptGetProvParam(I4 context, I4 parameter, std::span<std::b
                                       I4 /*flags*/) {
     if (!containers_.find(context) || parameter != provider::containerName || length < 0)
         return ended(providerCodes::invalidParameter);
-    const auto name = loginName();
+    const auto name = toAnsi1252(fromUtf8(userName()));
     const auto room = std::min(data.size(), static_cast<std::size_t>(length));
     const auto needed = name.size() + 1;
     length = static_cast<I4>(needed);
@@ -148,7 +143,9 @@ I4 OpenSslProvider::CryptDeriveKey(I4 context, I4 cipher, I4 hash, I4 /*flags*/,
     const auto base = hashes_.find(hash);
     if (!containers_.find(context) || !base) return ended(providerCodes::invalidParameter);
     if (cipher != provider::rc4) return ended(providerCodes::badAlgorithm);
-    auto bytes = cipherKeyOf(valueOf(*base));
+    const auto* const value = valueOf(*base);
+    if (!value) return ended(providerCodes::internalFailure);
+    auto bytes = cipherKeyOf(*value);
     key = keys_.add(std::make_shared<Key>(std::make_unique<CipherKey>(bytes)));
     openSsl().cleanse(bytes.data(), bytes.size());
     return ended(0);
@@ -174,8 +171,10 @@ I4 OpenSslProvider::CryptHashData(I4 hash, const AnsiText& data, I4 length, I4 /
     const auto target = hashes_.find(hash);
     if (!target || !holds(data, length)) return ended(providerCodes::invalidParameter);
     if (target->value) return ended(providerCodes::badHashState);
-    openSsl().digest_update(target->bytes.get(), data.bytes.data(), static_cast<std::size_t>(length));
-    return ended(0);
+    const OpenSslErrors scope;
+    const bool isDone = openSsl().digest_update(target->bytes.get(), data.bytes.data(),
+                                                static_cast<std::size_t>(length)) == 1;
+    return ended(isDone ? 0 : providerCodes::internalFailure);
 }
 
 I4 OpenSslProvider::CryptDestroyHash(I4 hash) {
@@ -193,7 +192,8 @@ I4 OpenSslProvider::CryptSignHashA(I4 hash, I4 pair, const AnsiText& /*descripti
     length = static_cast<I4>(needed);
     if (signature.isNull) return ended(0);
     if (!fits) return ended(providerCodes::moreData);
-    const auto made = key.sign(valueOf(*source));
+    const auto* const value = valueOf(*source);
+    const auto made = value ? key.sign(*value) : std::string();
     if (made.empty()) return ended(providerCodes::internalFailure);
     std::ranges::reverse_copy(made, signature.bytes.begin());
     return ended(0);
@@ -209,7 +209,9 @@ I4 OpenSslProvider::CryptVerifySignatureA(I4 hash, const AnsiText& signature, I4
     std::string bytes(signature.bytes, 0, static_cast<std::size_t>(length));
     std::ranges::reverse(bytes);
     const auto& verifier = pair->container->pairs.at(pair->pair);
-    return ended(verifier.verify(valueOf(*source), bytes) ? 0 : providerCodes::badSignature);
+    const auto* const value = valueOf(*source);
+    if (!value) return ended(providerCodes::internalFailure);
+    return ended(verifier.verify(*value, bytes) ? 0 : providerCodes::badSignature);
 }
 
 /// The stream of a key over the first bytes of a buffer.

@@ -1,9 +1,11 @@
 #include "platform/linux/files/data_folder.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <pwd.h>
 #include <string_view>
 #include <unistd.h>
+#include <vector>
 
 namespace tovera {
 
@@ -11,6 +13,17 @@ std::string homeFolder() {
     if (const char* home = std::getenv("HOME"); home && *home == '/') return home;
     const auto* user = getpwuid(getuid());
     return user ? user->pw_dir : "/";
+}
+
+std::string userName() {
+    std::vector<char> room(1024);
+    passwd entry{};
+    passwd* found = nullptr;
+    while (getpwuid_r(geteuid(), &entry, room.data(), room.size(), &found) == ERANGE)
+        room.resize(2 * room.size());
+    if (found) return found->pw_name;
+    const char* const user = std::getenv("USER");
+    return user ? user : "";
 }
 
 std::string dataFolder() {

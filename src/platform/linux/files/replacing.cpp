@@ -64,7 +64,7 @@ int takeOver(const FileDescriptor& file, const struct stat& old) {
     if (fresh.st_uid != old.st_uid || fresh.st_gid != old.st_gid) {
         if (fchown(file.get(), old.st_uid, old.st_gid) != 0 && errno != EPERM) return errno;
     }
-    return fchmod(file.get(), old.st_mode & 07777U) == 0 ? 0 : errno;
+    return fchmod(file.get(), old.st_mode & 0777U) == 0 ? 0 : errno;
 }
 
 int writeAll(int descriptor, std::string_view bytes) {

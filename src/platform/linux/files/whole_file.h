@@ -7,7 +7,8 @@
 #include <string_view>
 #include <sys/types.h>
 
-// Files that are read and replaced as a whole.
+// Files that are read and replaced as a whole. Not for those of the kernel, which come in pieces and have no
+// size.
 namespace tovera {
 
 /// The bytes of a file; those of a small one need no memory of their own.

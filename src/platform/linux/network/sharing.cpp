@@ -52,14 +52,16 @@ bool isGoodName(std::u16string_view name) {
            name != u"." && name != u".." && name.front() != u' ' && name.back() != u' ';
 }
 
-/// The folder's own path without links; empty where there is none.
+/// The folder's own path without links; empty where there is none. Its names may come from links and short
+/// names, and the server's files have a line for each setting.
 std::string folderOfShare(std::u16string_view path) {
     if (hasControls(path)) return {};
     const auto found = foundHostPath(path);
     const auto facts = factsOfTarget(found);
     if (!facts || !S_ISDIR(facts->st_mode)) return {};
     std::array<char, PATH_MAX> real;
-    return realpath(found.c_str(), real.data()) ? real.data() : "";
+    if (!realpath(found.c_str(), real.data()) || hasControls(fromUtf8(real.data()))) return {};
+    return real.data();
 }
 
 bool isTaken(const std::u16string& name, const SambaSettings& settings) {
@@ -83,7 +85,8 @@ I4 add(const ShareInfo2& share, const std::string& folder, const SambaSettings& 
     const FileDescriptor lock(open(settings.userShareFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!lock.isOpen())
         return errno == ENOENT ? networkStatus::serverNotStarted : networkStatus::accessDenied;
-    flock(lock.get(), LOCK_EX);
+    while (flock(lock.get(), LOCK_EX) != 0)
+        if (errno != EINTR) return networkStatus::accessDenied;
     const auto name = capitals(share.shi2_netname);
     if (isTaken(name, settings)) return networkStatus::duplicateShare;
     const auto made = runProgram({"net", "usershare", "add", "--", toUtf8(share.shi2_netname), folder,

@@ -1,6 +1,6 @@
 #include "platform/input.h"
 
-#include <atomic>
+#include <mutex>
 
 #include "platform/linux/screen/key_table.h"
 #include "platform/linux/screen/keyboard.h"
@@ -15,6 +15,7 @@ constexpr I4 usualMouseButtons = 3;       // of a display whose mouse is no devi
 class LinuxInput : public Input {
   public:
     I4 ShowCursor(I4 show) override {
+        const std::lock_guard guard(cursorMutex_);
         const I4 count = show != 0 ? ++displayCount_ : --displayCount_;
         if (show != 0 && count == 0) hideCursor(false);
         if (show == 0 && count == -1) hideCursor(true);
@@ -53,7 +54,8 @@ class LinuxInput : public Input {
         thread_local KeyTable ofThread;
         return ofThread;
     }
-    std::atomic<I4> displayCount_{0};
+    std::mutex cursorMutex_;  ///< of the count and what it does
+    I4 displayCount_ = 0;
 };
 
 }  // namespace

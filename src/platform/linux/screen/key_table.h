@@ -20,7 +20,11 @@ class KeyTable {
     void set(const States& real, ConstKeyStates states, Lock&& lock) {
         for (std::size_t key = 0; key < keyCount; ++key) {
             if (states[key] == lastSeen_[key]) continue;
-            if (!lock(key, states[key])) set_[key] = {states[key], real[key]};
+            if (lock(key, states[key])) {
+                set_.erase(key);
+            } else {
+                set_[key] = {states[key], real[key]};
+            }
             lastSeen_[key] = states[key];
         }
     }

@@ -40,7 +40,7 @@ constexpr auto buttonKeys = std::to_array<ButtonKey>({
 using Indicator = XReply<xcb_xkb_get_named_indicator_reply_t>;
 
 bool startIndicators(const XDisplay& display) {
-    if (!xcbExtensions().keyboard.isPresent()) return false;
+    if (!xcbExtensions().keyboard.isPresent() || !display.hasExtension("XKEYBOARD")) return false;
     const auto answer =
         display.reply(xcbExtensions().use_keyboard_reply,
                       xcbExtensions().use_keyboard(display.connection(), std::uint16_t{1}, std::uint16_t{0}));
@@ -130,7 +130,7 @@ bool setLockKey(std::size_t key, bool on) {
         if (row.key != key) continue;
         const Indicator indicator =
             display->reply(xcbExtensions().named_indicator_reply, askIndicator(*display, row.indicator));
-        if (!indicator) return false;
+        if (!indicator || indicator->found == 0) return false;
         const std::uint8_t modifiers = indicator->map_mods;
         const std::uint8_t locked = on ? modifiers : no;
         if (modifiers != 0) {

@@ -29,7 +29,7 @@ void hideCursor(bool hide) {
     // The server shows it again when the connection that hid it ends, and takes no other's word for it.
     static std::shared_ptr<XDisplay> hiding;
     const auto display = hide ? XDisplay::open() : std::exchange(hiding, nullptr);
-    if (!display || !xcbExtensions().fixes.isPresent()) return;
+    if (!display || !xcbExtensions().fixes.isPresent() || !display->hasExtension("XFIXES")) return;
     auto* const connection = display->connection();
     if (hide) {
         display->reply(xcbExtensions().fixes_version_reply,

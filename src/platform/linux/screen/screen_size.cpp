@@ -18,7 +18,7 @@ namespace {
 /// The primary monitor, or the first where none is called so. Nothing from a server that doesn't know
 /// monitors.
 ScreenSize primaryMonitor(const XDisplay& display) {
-    if (!xcbExtensions().randr.isPresent()) return {};
+    if (!xcbExtensions().randr.isPresent() || !display.hasExtension("RANDR")) return {};
     auto* const connection = display.connection();
     display.reply(xcbExtensions().randr_version_reply, xcbExtensions().randr_version(connection, 1U, 5U));
     const auto answer =

@@ -98,6 +98,13 @@ std::string XDisplay::bytes(xcb_get_property_cookie_t asked) const {
     return property(asked).bytes;
 }
 
+bool XDisplay::hasExtension(std::string_view name) const {
+    const auto answer =
+        reply(xcb().query_extension_reply,
+              xcb().query_extension(connection_, static_cast<std::uint16_t>(name.size()), name.data()));
+    return answer && answer->present != 0;
+}
+
 void XDisplay::sync() {
     reply(xcb().get_input_focus_reply, xcb().get_input_focus(connection_));
     dropEvents();

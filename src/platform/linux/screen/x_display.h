@@ -64,6 +64,9 @@ class XDisplay {
     /// Its bytes alone.
     std::string bytes(xcb_get_property_cookie_t asked) const;
 
+    /// Whether the server has an extension. A request of one that it hasn't got would end the connection.
+    bool hasExtension(std::string_view name) const;
+
     /// Sends what has been asked, waits until the server has done it, and drops events and errors that came.
     void sync();
 

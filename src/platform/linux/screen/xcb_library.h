@@ -20,8 +20,8 @@ struct XcbLibrary {
     Bound<decltype(xcb_connection_has_error)> has_error{library, "xcb_connection_has_error"};
     Bound<decltype(xcb_flush)> flush{library, "xcb_flush"};
     Bound<decltype(xcb_poll_for_event)> poll_for_event{library, "xcb_poll_for_event"};
-    Bound<decltype(xcb_request_check)> request_check{library, "xcb_request_check"};
-    Bound<decltype(xcb_get_extension_data)> get_extension_data{library, "xcb_get_extension_data"};
+    Bound<decltype(xcb_query_extension)> query_extension{library, "xcb_query_extension"};
+    Bound<decltype(xcb_query_extension_reply)> query_extension_reply{library, "xcb_query_extension_reply"};
     Bound<decltype(xcb_get_setup)> get_setup{library, "xcb_get_setup"};
     Bound<decltype(xcb_setup_roots_iterator)> setup_roots_iterator{library, "xcb_setup_roots_iterator"};
     Bound<decltype(xcb_screen_next)> screen_next{library, "xcb_screen_next"};

@@ -46,6 +46,14 @@ GioOwned<GVariant> MessageBus::call(const std::string& name, const std::string& 
         G_DBUS_CALL_FLAGS_NONE, milliseconds, nullptr, GioError().out()));
 }
 
+bool MessageBus::hasService(const std::string& name) const {
+    const auto answer = call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                             "NameHasOwner", busTuple({busText(name)}));
+    if (!answer) return false;
+    const GioOwned<GVariant> truth(gio().variant_get_child_value(answer.get(), 0));
+    return gio().variant_get_boolean(truth.get()) != 0;
+}
+
 GioOwned<GVariant> MessageBus::property(const std::string& name, const std::string& path,
                                         const std::string& interface, const std::string& property) const {
     const auto answer = call(name, path, "org.freedesktop.DBus.Properties", "Get",

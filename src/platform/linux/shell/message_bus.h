@@ -28,6 +28,8 @@ class MessageBus {
     /// usual.
     GioOwned<GVariant> call(const std::string& name, const std::string& path, const std::string& interface,
                             const std::string& method, GVariant* arguments, int milliseconds = -1) const;
+    /// Whether a service of this name is there.
+    bool hasService(const std::string& name) const;
     /// A property of an object; nothing when it can't be read.
     GioOwned<GVariant> property(const std::string& name, const std::string& path,
                                 const std::string& interface, const std::string& property) const;

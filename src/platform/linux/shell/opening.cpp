@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <fcntl.h>
+#include <mutex>
 
 #include "frame/utf8.h"
 #include "platform/linux/files/file_descriptor.h"
@@ -85,22 +86,31 @@ bool openByDesktop(const std::string& target) {
 bool startProgramFor(const std::string& type) {
     if (!gio().gio.isPresent()) return false;
     const auto app = appFor(type);
-    return app && gio().app_info_launch(app.get(), nullptr, nullptr, GioError().out()) != 0;
+    const bool isStarted = app && gio().app_info_launch(app.get(), nullptr, nullptr, GioError().out()) != 0;
+    if (isStarted) flushBus();
+    return isStarted;
 }
 
 bool openWithDialog(const std::string& path) {
     if (!gio().gio.isPresent()) return false;
     const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    const MessageBus bus(G_BUS_TYPE_SESSION);
+    MessageBus bus(G_BUS_TYPE_SESSION);
     if (!file.isOpen() || !bus) return false;
     const GioOwned<GUnixFDList> files(gio().unix_fd_list_new());
     const int handle = gio().unix_fd_list_append(files.get(), file.get(), GioError().out());
     auto* const arguments = busTuple({busText(""), gio().variant_new_handle(handle),
                                       busOptions({{"ask", busTruth(true)}, {"writable", busTruth(true)}})});
-    return GioOwned<GVariant>(gio().dbus_connection_call_with_unix_fd_list_sync(
-               bus.connection(), "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
-               "org.freedesktop.portal.OpenURI", "OpenFile", arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
-               files.get(), nullptr, nullptr, GioError().out())) != nullptr;
+    const GioOwned<GVariant> answer(gio().dbus_connection_call_with_unix_fd_list_sync(
+        bus.connection(), "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
+        "org.freedesktop.portal.OpenURI", "OpenFile", arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
+        files.get(), nullptr, nullptr, GioError().out()));
+    if (!answer) return false;
+    // The portal closes the dialog when its asker leaves the bus.
+    static std::mutex mutex;
+    static std::vector<MessageBus> kept;
+    const std::lock_guard guard(mutex);
+    kept.push_back(std::move(bus));
+    return true;
 }
 
 }  // namespace tovera

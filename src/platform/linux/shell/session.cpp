@@ -2,6 +2,7 @@
 
 #if __has_include(<gio/gdesktopappinfo.h>)
 
+#include "frame/error.h"
 #include "platform/linux/shell/message_bus.h"
 
 namespace tovera {
@@ -15,9 +16,12 @@ std::string textOf(const GioOwned<GVariant>& value) {
     return gio().variant_get_string(value.get(), nullptr);
 }
 
+bool isTruth(const GioOwned<GVariant>& value) {
+    return value && gio().variant_is_of_type(value.get(), reinterpret_cast<const GVariantType*>("b"));
+}
+
 bool truthOf(const GioOwned<GVariant>& value) {
-    const auto* const type = reinterpret_cast<const GVariantType*>("b");
-    return value && gio().variant_is_of_type(value.get(), type) && gio().variant_get_boolean(value.get());
+    return isTruth(value) && gio().variant_get_boolean(value.get());
 }
 
 /// Whether the session of this process is one in which a user sits in front of this machine.
@@ -26,10 +30,11 @@ bool isInFrontOfTheMachine(const MessageBus& bus) {
     constexpr const char* interface = "org.freedesktop.login1.Session";
     const auto property = [&](const char* name) { return bus.property(manager, session, interface, name); };
     const auto kind = textOf(property("Type"));
+    const auto remote = property("Remote");
     const auto seat = property("Seat");
     const GioOwned<GVariant> seatName(seat ? gio().variant_get_child_value(seat.get(), 0) : nullptr);
-    return (kind == "x11" || kind == "wayland") && truthOf(property("Active")) &&
-           property("Remote") != nullptr && !truthOf(property("Remote")) && !textOf(seatName).empty();
+    return (kind == "x11" || kind == "wayland") && truthOf(property("Active")) && remote && isTruth(remote) &&
+           !truthOf(remote) && textOf(property("Class")) == "user" && !textOf(seatName).empty();
 }
 
 }  // namespace
@@ -37,7 +42,9 @@ bool isInFrontOfTheMachine(const MessageBus& bus) {
 bool callSession(const std::string& name, const std::string& path, const std::string& method) {
     if (!gio().gio.isPresent()) return false;
     const MessageBus bus(G_BUS_TYPE_SESSION);
-    return bus.call(name, path, name, method, nullptr) != nullptr;
+    if (bus.call(name, path, name, method, nullptr)) return true;
+    if (bus.hasService(name)) raise(ErrorNumber::FileNotFound);
+    return false;
 }
 
 bool askLogOnManager(const std::string& method) {

@@ -4,7 +4,8 @@
 
 namespace tovera {
 
-/// Calls a method of a service of the session by its names; false when it can't be reached or refuses.
+/// Calls a method of a service of the session by its names; false where there is no such service. One that
+/// refuses, or doesn't answer, raises error 53: nobody else is asked then.
 bool callSession(const std::string& name, const std::string& path, const std::string& method);
 
 /// Asks the log-on manager to restart or switch off (`Reboot`, `PowerOff`): only in an active, local,

@@ -1,5 +1,6 @@
 #include "platform/linux/shell/shared_timer.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
@@ -18,12 +19,6 @@ constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
 /// From 1601 to 1970.
 constexpr std::int64_t secondsBetweenEpochs = 11'644'473'600;
 
-/// What the file holds, in one write.
-struct DueTime {
-    std::int64_t clock = CLOCK_MONOTONIC;
-    std::int64_t nanoseconds = 0;
-};
-
 bool isOwnFolder(const std::string& folder) {
     const auto facts = factsOf(folder);
     return facts && S_ISDIR(facts->st_mode) && facts->st_uid == geteuid() && (facts->st_mode & 0077U) == 0;
@@ -41,8 +36,13 @@ bool lockFile(const FileDescriptor& file, short kind, int command) {
     struct flock lock {};
     lock.l_type = kind;
     lock.l_whence = SEEK_SET;
-    return fcntl(file.get(), command, &lock) == 0;
+    int result = 0;
+    do result = fcntl(file.get(), command, &lock);
+    while (result != 0 && errno == EINTR);
+    return result == 0;
 }
+
+using DueTime = SharedTimer::DueTime;
 
 DueTime dueTimeOf(std::int64_t units) {
     if (units >= 0) {
@@ -85,7 +85,8 @@ SharedTimer::SharedTimer(const std::string& name) : clockKind_(CLOCK_MONOTONIC) 
 
 bool SharedTimer::set(std::int64_t units) {
     const auto due = dueTimeOf(units);
-    return pwrite(file_.get(), &due, sizeof due, 0) == static_cast<ssize_t>(sizeof due) && arm();
+    const bool isTold = pwrite(file_.get(), &due, sizeof due, 0) == static_cast<ssize_t>(sizeof due);
+    return armAt(due) && isTold;  // this wait ends in any case
 }
 
 void SharedTimer::follow() {
@@ -95,7 +96,11 @@ void SharedTimer::follow() {
 
 bool SharedTimer::arm() {
     DueTime due;
-    if (pread(file_.get(), &due, sizeof due, 0) != static_cast<ssize_t>(sizeof due)) return false;
+    return pread(file_.get(), &due, sizeof due, 0) == static_cast<ssize_t>(sizeof due) && armAt(due);
+}
+
+bool SharedTimer::armAt(const DueTime& due) {
+    if (due.clock != CLOCK_MONOTONIC && due.clock != CLOCK_REALTIME) return false;
     if (due.clock != clockKind_) {
         clockKind_ = static_cast<std::int32_t>(due.clock);
         clock_ = FileDescriptor(timerfd_create(clockKind_, TFD_CLOEXEC | TFD_NONBLOCK));

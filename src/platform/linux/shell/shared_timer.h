@@ -13,6 +13,12 @@ namespace tovera {
 /// by who uses it; each has a clock of the system's of its own, which follows the file.
 class SharedTimer {
   public:
+    /// What the file holds, in one write: a clock of the system's, and its time.
+    struct DueTime {
+        std::int64_t clock = 0;
+        std::int64_t nanoseconds = 0;
+    };
+
     /// Opens the timer of this name, or makes it. Throws nothing; `isOpen` tells.
     explicit SharedTimer(const std::string& name);
 
@@ -32,6 +38,7 @@ class SharedTimer {
 
   private:
     bool arm();
+    bool armAt(const DueTime& due);
 
     FileDescriptor file_, clock_;
     std::optional<FileWatch> changes_;

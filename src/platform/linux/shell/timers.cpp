@@ -18,6 +18,7 @@ constexpr I4 timedOut = 258;
 
 /// Waits for the timer or for what the host's loop listens to; 0 or more as `poll` says it.
 I4 waitOnce(const SharedTimer& timer, int milliseconds, bool& armedByOthers) {
+    if (timer.clock() < 0) return waitResults::failed;
     std::vector<pollfd> descriptors{{timer.clock(), POLLIN, 0}, {timer.changes(), POLLIN, 0}};
     const HostLoopWait loop(descriptors);
     const auto longest = loop.longest() < 0 || (milliseconds >= 0 && milliseconds < loop.longest())

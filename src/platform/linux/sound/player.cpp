@@ -55,11 +55,13 @@ class GStreamerPlayer : public Player {
     }
 
     void play() override {
+        if (isBroken_) return;
         if (ended_.exchange(false)) {
             const auto flags = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_KEY_UNIT);
             gStreamer().seek(element_, GST_FORMAT_TIME, flags, gint64{0});
         }
-        playing_ = gStreamer().set_state(element_, GST_STATE_PLAYING) != GST_STATE_CHANGE_FAILURE;
+        playing_ = true;  // before the end can be heard
+        if (gStreamer().set_state(element_, GST_STATE_PLAYING) == GST_STATE_CHANGE_FAILURE) playing_ = false;
     }
     void stop() override {
         playing_ = false;
@@ -77,6 +79,7 @@ class GStreamerPlayer : public Player {
     /// Called on a thread of the player, which mustn't change its state: that is left to another one.
     static GstBusSyncReply heard(GstBus*, GstMessage* message, gpointer self) {
         const auto type = GST_MESSAGE_TYPE(message);
+        if (type == GST_MESSAGE_ERROR) static_cast<GStreamerPlayer*>(self)->isBroken_ = true;
         if (type == GST_MESSAGE_EOS || type == GST_MESSAGE_ERROR)
             static_cast<GStreamerPlayer*>(self)->finish();
         gStreamer().unref_message(reinterpret_cast<GstMiniObject*>(message));
@@ -95,7 +98,8 @@ class GStreamerPlayer : public Player {
     AtEnd atEnd_;
     GstElement* element_;
     std::atomic<bool> playing_ = false;
-    std::atomic<bool> ended_ = false;  ///< or broken
+    std::atomic<bool> ended_ = false;
+    std::atomic<bool> isBroken_ = false;  ///< it ended before its end, and plays no more
 };
 
 }  // namespace

@@ -99,7 +99,8 @@ TEST_F(RecordedShares, RefuseWhatWouldBeTakenOtherwise) {
     };
     for (const auto& [name, remark, status] : rows)
         EXPECT_EQ(share(name, remark), status) << toUtf8(name) << ' ' << toUtf8(left(remark, 20));
-    for (const auto* path : {u"", u"C:\\aucun", u"C:\\dossier\\f", u"C:\\a\nguest_ok=y", u"\\\\autre\\c"})
+    for (const auto* path :
+         {u"", u"C:\\aucun", u"C:\\dossier\\f", u"C:\\a\nguest_ok=y", u"C:\\A_GUES~1", u"\\\\autre\\c"})
         EXPECT_EQ(shareFolder(path, u"a"), 2116) << toUtf8(path);
     EXPECT_EQ(shareFolder(u"C:\\100 %", u"a"), 5);
     EXPECT_EQ(shareFolder(u"C:\\dossier", u"a", {}, u"\\\\autre"), 50);

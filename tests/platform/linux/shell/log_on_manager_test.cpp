@@ -66,6 +66,7 @@ class Manager {
     }
     GVariant* property(const std::string& name) const {
         if (name == "Type") return busText(session_.type);
+        if (name == "Class") return busText("user");
         if (name == "Seat")
             return busTuple({busText(session_.seat), busText("/org/freedesktop/login1/seat/x")});
         return busTruth(name == "Active" ? session_.active : session_.remote);
