@@ -35,7 +35,9 @@ TEST(ClsDate, ByName) {
         gives(u"1/1/1", u"DateFRtoUS", u"1"), gives(u"12/25/2 ", u"DateFRtoUS", u"25/12/2002 "),
         gives(u"25/12/2002", u"DateUStoFR", u"12/25/2002"), gives(u"00:00:59", u"SecondeEnHeure", I4{59}),
         gives(u"01:01:01", u"SecondeEnHeure", I4{3661}), gives(u"100:00:00", u"SecondeEnHeure", I4{360000}),
-        gives(u"0-1:59:59", u"SecondeEnHeure", I4{-1}), gives(u"596523:14:07", u"SecondeEnHeure", highest),
+        gives(u"0-1:59:59", u"SecondeEnHeure", I4{-1}), gives(u"0-1:00:00", u"SecondeEnHeure", I4{-3600}),
+        gives(u"0-2:59:59", u"SecondeEnHeure", I4{-3601}), gives(u"0-2:00:00", u"SecondeEnHeure", I4{-7200}),
+        gives(u"596523:14:07", u"SecondeEnHeure", highest),
         gives(u"0-596524:45:52", u"SecondeEnHeure", lowest),
         gives(I4{86399}, u"HeureEnSeconde", u"31/12/1800 23:59:59"), fails(6, u"HeureEnSeconde", Date{1e9}),
         gives(I4{0}, u"HeureEnSeconde", Date{0.999999}), gives(I4{100}, u"Chrono", I4{100}, I4{200}),
@@ -52,6 +54,13 @@ TEST(ClsDate, ByName) {
         fails(6, u"NBJoursOuvrablesParMois", I2{-1}, I2{32767}),
         gives(I2{5}, u"NBJoursOuvrables", u"06/05/2002", u"2002-05-10"),
         fails(13, u"NBJoursOuvrables", u"31/02/2002", I2{0}),
+        // Day 0 is a Saturday, and the end lies in the day before the one that its time counts away from.
+        gives(I2{2}, u"NBJoursOuvrables", Date{-3}, Date{-1.5}),
+        gives(I2{1}, u"NBJoursOuvrables", Date{-3}, Date{-2.25}),
+        gives(I2{5}, u"NBJoursOuvrables", Date{-12}, Date{-7.75}),
+        // The month before the year 10000 would be in the calendar again.
+        fails(5, u"NBJoursOuvrablesParMois", I2{10000}, I2{0}),
+        fails(5, u"NBJoursOuvrablesParMois", I2{10001}, I2{-12}),
         // clang-format on
     };
     expectCallsOfEveryMethod<Cls_Date>(test.platform, calls);

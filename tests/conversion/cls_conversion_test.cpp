@@ -110,6 +110,11 @@ TEST_F(FrenchWords, HaveSignLabelsAndHundredths) {
     Cls_Conversion bare(platform);
     EXPECT_EQ(bare.ConvertirNombreEnLettre(2.5, True), u"deux s et cinquante s");
     EXPECT_EQ(bare.ConvertirNombreEnLettre(1, True), u"un ");
+    const Text longest(200'000, u'c');  // far more than the words themselves take
+    bare.setIntitulePetiteMonnaie(longest);
+    EXPECT_EQ(bare.ConvertirNombreEnLettre(1.02, True), Bstr(u"un  et deux " + longest + u"s"));
+    bare.setIntituleMonnaie(longest);
+    EXPECT_EQ(bare.ConvertirNombreEnLettre(2.01, True), Bstr(u"deux " + longest + u"s et un " + longest));
 }
 
 TEST_F(FrenchWords, OfEveryWordAndGroupOfDigits) {

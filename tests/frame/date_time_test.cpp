@@ -30,6 +30,12 @@ TEST(DateTime, PartsOfAMoment) {
         EXPECT_EQ(secondOfDay(Date{days}), second);
         EXPECT_EQ(dateToText(Date{days}, {}), text) << days;
     }
+    const std::pair<DateOrder, std::u16string_view> orders[] = {
+        {DateOrder::DayMonthYear, u"06/05/2002 06:00:00"},
+        {DateOrder::MonthDayYear, u"05/06/2002 06:00:00"},
+        {DateOrder::YearMonthDay, u"2002-05-06 06:00:00"}};
+    for (const auto& [order, text] : orders)
+        EXPECT_EQ(dateToText(Date{37382.25}, {u'.', u',', order, 2029}), text);
     for (const R8 outside : {-657435.0, 2958466.0, 1e300, std::nan(""), 2958465.999999})
         EXPECT_EQ(errorOf([&] { partsOf(Date{outside}); }), 6) << outside;
 }
@@ -39,6 +45,7 @@ TEST(DateTime, DatesInText) {
     const std::pair<std::u16string_view, std::array<std::optional<R8>, 3>> rows[] = {
         // clang-format off
         {u"06/05/2002", {{may6, may6 + 30, {}}}}, {u"6.5.02", {{may6, may6 + 30, 38839}}},
+        {u"02/05/06", {{38839, 38753, may6}}}, {u"30/12/31", {{11687, {}, 11323}}},
         {u"2002-05-06 12:00", {{may6 + 0.5, may6 + 0.5, may6 + 0.5}}}, {u"01/01/29", {{47119, 47119, 36920}}},
         {u"01/01/30", {{10959, 10959, 36921}}}, {u"28-12-1899 06:00:00", {{-2.25, {}, {}}}},
         {u"100-01-01", {{firstDay, firstDay, firstDay}}}, {u"18:00", {{0.75, 0.75, 0.75}}}, {u"24:00", {}},

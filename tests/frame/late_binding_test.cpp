@@ -133,6 +133,48 @@ TEST_F(CallByName, WhatIsAssignedBeforeAFailure) {
     }
 }
 
+TEST_F(CallByName, WhatAMemberStoresBeforeItFailsIsWrittenBack) {
+    I4 number = 1;
+    Bstr text = u"1";
+    Variant any = u"1";
+    for (const Reference& variable : {Reference{&number}, Reference{&text}, Reference{&any}})
+        EXPECT_EQ(errorOf([&] { callMember(object, u"Gater", variable); }), 76);
+    EXPECT_EQ(number, 99);
+    EXPECT_EQ(text, u"99");
+    EXPECT_EQ(any, Variant(I4{99}));
+}
+
+TEST(Failures, HaveTheirTexts) {
+    const std::pair<I4, std::u16string_view> rows[] = {
+        {5, u"Appel de procédure ou argument incorrect"},
+        {6, u"Dépassement de capacité"},
+        {7, u"Mémoire insuffisante"},
+        {9, u"Indice hors des limites"},
+        {10, u"Tableau fixe ou momentanément verrouillé"},
+        {11, u"Division par zéro"},
+        {13, u"Type incompatible"},
+        {51, u"Erreur interne"},
+        {53, u"Fichier introuvable"},
+        {57, u"Erreur d'entrée/sortie"},
+        {58, u"Le fichier existe déjà"},
+        {61, u"Disque plein"},
+        {70, u"Permission refusée"},
+        {75, u"Accès au chemin ou au fichier impossible"},
+        {76, u"Chemin introuvable"},
+        {91, u"Référence d'objet vide"},
+        {94, u"Utilisation incorrecte de Null"},
+        {321, u"Format de fichier incorrect"},
+        {429, u"Création de l'objet impossible"},
+        {430, u"L'objet n'a pas cette interface"},
+        {438, u"L'objet n'a pas cette propriété ou méthode"},
+        {449, u"Argument obligatoire manquant"},
+        {450, u"Nombre d'arguments incorrect"},
+        {451, u"L'objet n'est pas une collection"},
+        {453, u"Point d'entrée introuvable dans la bibliothèque"},
+        {1, u""}};
+    for (const auto& [number, text] : rows) EXPECT_EQ(Bstr(descriptionOf(number)), Bstr(text)) << number;
+}
+
 TEST_F(CallByName, TheObjectOutlivesItsLastOutsideReferenceAndGoesBeforeTheResultArrives) {
     EXPECT_CALL(services, pumpMessages()).WillOnce([&] {
         object = nullptr;

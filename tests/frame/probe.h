@@ -25,6 +25,10 @@ class Cls_Probe {
         return text;
     }
     void Doubler(I4& number) { number = checkedMultiply(number, 2); }
+    void Gater(I4& number) {
+        number = 99;
+        raise(ErrorNumber::PathNotFound);
+    }
     void Remplacer(Variant& value, const Variant& other) { value = other; }
     void Allonger(StringArray& array) { array.redimPreserve(0, array.isDimensioned() ? 3 : 0); }
     void Libre(ObjectRef& object) { object = nullptr; }
@@ -64,6 +68,7 @@ struct ClassTable<Cls_Probe> {
         propertyRead<&Cls_Probe::Titre>("Titre"),
         propertyWrite<&Cls_Probe::setTitre>("Titre", "title"),
         method<&Cls_Probe::Doubler>("Doubler", "", "number"),
+        method<&Cls_Probe::Gater>("Gater", "", "number"),
         method<&Cls_Probe::Remplacer>("Remplacer", "", "value", "other"),
         method<&Cls_Probe::Allonger>("Allonger", "", "array"),
         method<&Cls_Probe::Libre>("Libre", "", "object"),

@@ -63,7 +63,10 @@ TEST_F(ClsMath, TheReducedAngleIsInTheCallersVariable) {
         // clang-format off
         {R8{3.14}, R8{3.14}, 3.14F}, {R8{-3.14}, R8{-3.14}, -3.14F}, {R8{-3.15}, R8{-3.15 + 6.28}, 3.13F},
         {u"10", R8{10 - 6.28 - 6.28}, -2.56F}, {u" 3 ", u" 3 ", 3}, {Variant{}, Variant{}, 0},
-        {R4{3.5F}, R8{3.5 - 6.28}, -2.78F}, {u"dix", u"dix", 0, 13}, {Null{}, Null{}, 0, 94},
+        {R4{3.5F}, R8{3.5 - 6.28}, -2.78F},
+        // Remainders of a whole turn, from outside: half a turn would leave others.
+        {R8{1e17}, R8{0.5599688293624991}, 0.55996883F}, {R8{-1e20}, R8{-1.048829362499121}, static_cast<R4>(-1.048829362499121)},
+        {R8{1e300}, R8{-2.275512960901941}, -2.2755129F}, {u"dix", u"dix", 0, 13}, {Null{}, Null{}, 0, 94},
         {infinity, infinity, 0, 6}, {-infinity, -infinity, 0, 6},
         // clang-format on
     };
@@ -107,6 +110,11 @@ TEST_F(ClsMath, VariablesOfOtherTypesRoundEachTurn) {
     EXPECT_EQ(reduce(hundred), -0.4799898F);
     EXPECT_EQ(hundred, -0.4799898F);
     EXPECT_EQ(reduce(ten), -2);
+    for (const auto& [angle, remainder] :
+         {std::pair(1e10F, -0.6400006F), {1e20F, 2.64875F}, {-3e37F, 2.2141392F}}) {
+        R4 variable = angle;  // with remainders of a whole turn, from outside
+        EXPECT_FLOAT_EQ(reduce(variable), remainder);
+    }
     std::mt19937 random(314);
     std::uniform_real_distribution<R4> mantissa(1, 2);
     for (int exponent = 0; exponent <= 24; ++exponent) {

@@ -1,6 +1,5 @@
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 #include "frame/utf8.h"
@@ -11,6 +10,7 @@
 #include "platform/linux/files/folder_entries.h"
 #include "platform/linux/files/path_text.h"
 #include "platform/linux/files/paths.h"
+#include "platform/linux/files/patient_lock.h"
 #include "platform/linux/files/whole_file.h"
 #include "platform/linux/text/letter_case.h"
 
@@ -18,9 +18,8 @@ namespace tovera {
 namespace {
 
 /// Writes behind what the file holds, or leaves it as it was. Writers of this kind take turns. 0 or errno.
-int writeBehind(const FileDescriptor& file, std::string_view bytes) {
-    while (flock(file.get(), LOCK_EX) != 0)
-        if (errno != EINTR) return errno;
+int writeBehind(const FileDescriptor& file, const std::string& path, std::string_view bytes) {
+    if (const int error = lockPatiently(file, path)) return error;
     struct stat facts {};
     if (fstat(file.get(), &facts) != 0) return errno;
     int error = 0;
@@ -67,7 +66,7 @@ void LinuxFiles::append(const Bstr& path, std::string_view bytes) {
     if (facts && !S_ISREG(facts->st_mode)) raise(ErrorNumber::PathAccess);
     const FileDescriptor file(
         open(name.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_CLOEXEC, 0666));
-    const int error = file.isOpen() ? writeBehind(file, bytes) : errno;
+    const int error = file.isOpen() ? writeBehind(file, name, bytes) : errno;
     if (error != 0) raiseFileError(error);
 }
 

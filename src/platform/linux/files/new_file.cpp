@@ -7,8 +7,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/linux/files/file_access.h"
+#include "platform/linux/files/file_attributes.h"
+#include "platform/linux/files/in_place.h"
 #include "platform/linux/files/path_text.h"
-#include "platform/linux/files/replacing.h"
 
 namespace tovera {
 namespace {
@@ -33,7 +35,8 @@ int NewFile::begin(const std::string& path) {
     auto target = path;
     if (const int error = followLinks(target)) return error;
     if (target.empty() || target.ends_with('/')) return EISDIR;
-    folder_ = FileDescriptor(open(folderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    folderPath_ = folderOf(target);
+    folder_ = openFolder(folderPath_);
     if (!folder_.isOpen()) return errno;
     name_ = target.substr(target.rfind('/') + 1);
     if (const int error = checkReplaceable(folder_, name_.c_str(), nullptr)) return error;
@@ -43,10 +46,10 @@ int NewFile::begin(const std::string& path) {
 int NewFile::openNameless() {
     file_ = createNameless(folder_, 0666);
     if (file_.isOpen()) return 0;
-    if (errno != EOPNOTSUPP && errno != EISDIR && errno != ENOENT) return errno;
+    if (!lacksNameless(errno)) return errno;
     for (int number = 0;; ++number) {
         ownName_ = newFileName + std::string("-") + std::to_string(getpid()) + '-' + std::to_string(number);
-        constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+        constexpr int flags = O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC;
         file_ = FileDescriptor(openat(folder_.get(), ownName_.c_str(), flags, 0666));
         if (file_.isOpen()) return 0;
         ownName_.clear();
@@ -58,17 +61,34 @@ int NewFile::append(std::string_view bytes) {
     return writeAll(file_.get(), bytes);
 }
 
+/// The bytes go into the file that has the name: a new one couldn't have what goes with that.
+int NewFile::finishInPlace(const FileDescriptor& old, const struct stat& facts) {
+    struct stat newFacts {};
+    if (fstat(file_.get(), &newFacts) != 0) return errno;
+    FileBytes oldBytes;
+    FileBytes newBytes;
+    int error = readWhole(old, facts, oldBytes);
+    if (error == 0) error = readWhole(file_, newFacts, newBytes);
+    if (error != 0) return error;
+    const FileDescriptor target(openat(folder_.get(), name_.c_str(), writeFlags));
+    if (!target.isOpen()) return errno;
+    return writeInPlace(target, facts, folderPath_ + name_, oldBytes.view(), newBytes.view());
+}
+
 int NewFile::finish() {
     FileDescriptor lockFile;
-    if (const int error = lockFolder(folder_, lockFile)) return error;
-    struct stat old {};
-    if (const int error = checkReplaceable(folder_, name_.c_str(), &old)) return error;
-    if (old.st_nlink > 0) {
-        if (const int error = takeOver(file_, old)) return error;
+    if (const int error = lockFolder(folder_, folderPath_, lockFile)) return error;
+    struct stat facts {};
+    if (const int error = checkReplaceable(folder_, name_.c_str(), &facts)) return error;
+    const bool isTaken = facts.st_nlink > 0;
+    if (isTaken) {
+        const FileDescriptor old(openat(folder_.get(), name_.c_str(), readFlags | O_NOFOLLOW));
+        if (!old.isOpen()) return errno;
+        if (!takeAttributes(file_, old, facts)) return finishInPlace(old, facts);
     }
     if (ownName_.empty()) {
         unlinkat(folder_.get(), newFileName, 0);
-        if (old.st_nlink > 0) return replaceOld();
+        if (isTaken) return replaceOld();
         const int error = giveName(file_, folder_, name_.c_str());
         return error == EEXIST ? replaceOld() : error;
     }
@@ -85,6 +105,8 @@ int NewFile::replaceOld() {
     const int folder = folder_.get();
     const char* const name = name_.c_str();
     const char* const path = self.c_str();
+    const auto between = freeName(folder_);
+    const char* const newName = between.c_str();
     volatile int error = 0;
     sigset_t all;
     sigset_t before;
@@ -92,11 +114,11 @@ int NewFile::replaceOld() {
     pthread_sigmask(SIG_SETMASK, &all, &before);
     const pid_t process = vfork();  // shares the memory: system calls only
     if (process == 0) {
-        if (linkat(AT_FDCWD, path, folder, newFileName, AT_SYMLINK_FOLLOW) != 0) {
+        if (linkat(AT_FDCWD, path, folder, newName, AT_SYMLINK_FOLLOW) != 0) {
             error = errno;
-        } else if (renameat(folder, newFileName, folder, name) != 0) {
+        } else if (renameat(folder, newName, folder, name) != 0) {
             error = errno;
-            unlinkat(folder, newFileName, 0);
+            unlinkat(folder, newName, 0);
         }
         _exit(0);
     }

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <sys/stat.h>
 
 #include "platform/linux/files/file_descriptor.h"
 
@@ -20,14 +21,16 @@ class NewFile {
     /// written, or nothing. Of a symbolic link it is the file that the link leads to.
     int begin(const std::string& path);
     int append(std::string_view bytes);
-    /// The file takes its name, with the permissions and the owner of the one that had it.
+    /// The file takes its name, with all that goes with the one that had it.
     int finish();
 
   private:
     int openNameless();
     int replaceOld();
+    int finishInPlace(const FileDescriptor& old, const struct stat& facts);
 
     FileDescriptor folder_;
+    std::string folderPath_;
     FileDescriptor file_;
     std::string name_;
     std::string ownName_;  ///< for the time being, where the file system has no files without one

@@ -1,41 +1,16 @@
 #pragma once
 
-#include <array>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <sys/types.h>
 
+#include "platform/linux/files/file_bytes.h"
+
 // Files that are read and replaced as a whole. Not for those of the kernel, which come in pieces and have no
 // size.
 namespace tovera {
-
-/// The bytes of a file; those of a small one need no memory of their own.
-class FileBytes {
-  public:
-    FileBytes() = default;
-    FileBytes(const FileBytes&) = delete;
-    FileBytes& operator=(const FileBytes&) = delete;
-
-    static constexpr std::size_t smallSize = 16384;
-
-    /// Room for a number of bytes, in place of those that are here.
-    char* room(std::size_t size) {
-        size_ = 0;
-        if (size > smallSize) large_.resize(size);
-        bytes_ = size > smallSize ? large_.data() : small_.data();
-        return bytes_;
-    }
-    void setSize(std::size_t size) { size_ = size; }
-    std::string_view view() const { return {bytes_, size_}; }
-
-  private:
-    std::array<char, smallSize> small_;
-    std::string large_;
-    char* bytes_ = nullptr;
-    std::size_t size_ = 0;
-};
 
 /// Reads a regular file. The result is 0 or the system's error number, as with all functions here.
 int readFile(const std::string& path, FileBytes& bytes);
@@ -51,9 +26,11 @@ int readLines(const std::string& path, const TakeLines& take);
 using FileChange = std::function<std::optional<std::string>(std::string_view bytes)>;
 
 /// Changes a file whole or not at all, also when this process ends in the middle: the new bytes are written
-/// beside it, reach the disk, and take its name, with its permissions and its owner. A missing file is made,
-/// a missing folder isn't. A symbolic link stays, and the file that it leads to changes. The changes of all
-/// processes happen one after the other, so that none is lost.
+/// beside it, reach the disk, and take its name, with its owner, group, permissions, access list and further
+/// attributes. Where they can't have these, or the folder is closed to us, they are written in place, and the
+/// old ones are kept until that is done. A missing file is made, a missing folder isn't. A symbolic link
+/// stays, and the file that it leads to changes. The changes of all processes happen one after the other, so
+/// that none is lost; EBUSY when another program keeps the folder's lock for ten seconds.
 int changeFile(const std::string& path, const FileChange& change);
 
 /// Makes a file whole or not at all, also when this process ends in the middle: its bytes reach the disk
