@@ -9,6 +9,14 @@
 
 namespace tovera::testing {
 
+/// Whether a process with threads can be forked for more work: a fork leaves the locks of the address
+/// sanitizer's memory as they are, and the new process waits for one that nobody gives back.
+#ifdef __SANITIZE_ADDRESS__
+inline constexpr bool canForkBesideThreads = false;
+#else
+inline constexpr bool canForkBesideThreads = true;
+#endif
+
 /// Starts work in a process that ends with its result, without what the test has set up for its end.
 template <class Work>
 pid_t start(Work&& work) {

@@ -18,12 +18,13 @@ namespace tovera::testing {
 class RunningProgram {
   public:
     RunningProgram() = default;
-    explicit RunningProgram(const std::vector<std::string>& words, int output = -1) : process_(fork()) {
-        if (process_ != 0) return;
-        if (output >= 0) dup2(output, 3);
+    explicit RunningProgram(const std::vector<std::string>& words, int output = -1) {
         std::vector<char*> arguments;
         for (const auto& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
         arguments.push_back(nullptr);
+        process_ = fork();
+        if (process_ != 0) return;
+        if (output >= 0) dup2(output, 3);
         for (const int stream : {1, 2}) dup2(open("/dev/null", O_WRONLY), stream);
         execvp(arguments[0], arguments.data());
         _exit(127);

@@ -44,6 +44,7 @@ std::string shownOn(const std::array<int, 2>& ends, const std::string& step) {
 }
 
 TEST(ProgressBars, AreForTerminalsAlone) {
+    if (!canForkBesideThreads) GTEST_SKIP() << "not under the address sanitizer";
 #if !__has_include(<curl/curl.h>)
     GTEST_SKIP() << "built without libcurl";
 #endif
