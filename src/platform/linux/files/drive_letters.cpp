@@ -46,9 +46,25 @@ bool isForUsers(const Mount& mount) {
     });
 }
 
+/// Not the kernel's own file systems, nor a place that is mounted only when somebody looks.
+bool holdsFiles(const Mount& mount) {
+    return mount.source.starts_with('/') || mount.fileSystem == "tmpfs" ||
+           mount.fileSystem.starts_with("fuse.") || isOneOf(networkFileSystems, mount.fileSystem);
+}
+
+/// The numbers of the device that a file system lies on. Some have a number of their own in the kernel's
+/// list.
+std::string deviceOf(const DriveSources& sources, const Mount& mount) {
+    constexpr std::string_view devices = "/dev";
+    if (!isBelow(mount.source, devices)) return mount.device;
+    const auto facts = factsOfTarget(sources.devices + mount.source.substr(devices.size()));
+    if (!facts || !S_ISBLK(facts->st_mode)) return mount.device;
+    return std::to_string(major(facts->st_rdev)) + ':' + std::to_string(minor(facts->st_rdev));
+}
+
 /// Of a partition, the disk that it is on tells.
 bool isRemovable(const DriveSources& sources, const Mount& mount) {
-    const auto device = sources.blockDevices + '/' + mount.device;
+    const auto device = sources.blockDevices + '/' + deviceOf(sources, mount);
     return contentOf(device + "/removable").starts_with('1') ||
            contentOf(device + "/../removable").starts_with('1');
 }
@@ -63,7 +79,7 @@ I4 typeOf(const DriveSources& sources, const Mount& mount) {
 std::string identityOf(const DriveSources& sources, const Mount& mount, I4 type) {
     if (type == driveTypes::remote) return "network:" + mount.source;
     if (type == driveTypes::ramDisk) return "memory:" + mount.folder;
-    const auto id = volumeId(sources, mount.device);
+    const auto id = volumeId(sources, deviceOf(sources, mount));
     return id.empty() ? "device:" + mount.source : "uuid:" + id;
 }
 
@@ -82,7 +98,7 @@ std::vector<Volume> volumes(const DriveSources& sources, const std::vector<Mount
         opticalDevices.push_back(device);
     }
     for (const auto& mount : mounts) {
-        if (isOneOf(opticalDevices, mount.source)) continue;
+        if (isOneOf(opticalDevices, mount.source) || !holdsFiles(mount)) continue;
         if (!isForUsers(mount) && !isOneOf(networkFileSystems, mount.fileSystem)) continue;
         const auto type = typeOf(sources, mount);
         auto identity = identityOf(sources, mount, type);

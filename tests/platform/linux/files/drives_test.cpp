@@ -53,6 +53,7 @@ TEST_F(Machine, LettersStayWithTheirVolumes) {
     EXPECT_EQ(drives(), "");
     EXPECT_FALSE(std::filesystem::exists(sources.letters)) << "nothing to note";
     mount({system[0], usb, share, "0:22 / /mnt/ram rw - tmpfs tmpfs rw",
+           "0:30 / /mnt/c/proc rw - proc proc rw", "0:31 / /mnt/auto rw - autofs systemd-1 rw",
            "8:33 / /mnt/disque rw - ext4 /dev/sdc1 rw"});
     EXPECT_EQ(drives(), "D2/media/u/CLE E4/home/u/serveur F6/mnt/ram G3/mnt/disque ");
     user.makeFile("dev/sr0");
