@@ -18,6 +18,7 @@ target_include_directories(tovera PUBLIC
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 
 
+include(CInterface)
 include(Program)
 
 # The generators of texts made from the class table.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "automation/argument_list.h"
 #include "automation/automation_object.h"
+#include "frame/argument_list.h"
 
 namespace tovera {
 

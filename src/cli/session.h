@@ -7,8 +7,8 @@
 #include "cli/console.h"
 #include "cli/known_names.h"
 #include "cli/program_services.h"
-#include "cli/program_sound.h"
 #include "cli/runner.h"
+#include "platform/sound_with_boxes.h"
 
 namespace tovera::cli {
 
@@ -42,7 +42,7 @@ class Session {
     const CatalogueEntry& entry_;
     Console console_;
     ProgramServices services_;
-    ProgramSound sound_;
+    SoundWithBoxes sound_;
     Platform platform_;
     KnownNames names_;
 };

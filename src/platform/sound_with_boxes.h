@@ -3,12 +3,12 @@
 #include "frame/services.h"
 #include "platform/sound.h"
 
-namespace tovera::cli {
+namespace tovera {
 
-/// The sound of the home, which tells the user of failures where the program's other message boxes go.
-class ProgramSound : public Sound {
+/// The sound of the home, for a host with message boxes of its own: failures are told in these.
+class SoundWithBoxes : public Sound {
   public:
-    ProgramSound(Sound& home, Services& services) : home_(home), services_(services) {}
+    SoundWithBoxes(Sound& home, Services& services) : home_(home), services_(services) {}
 
     I4 mciSendStringA(const AnsiText& command, AnsiText& reply, I4 replyLength, I4 callback) override {
         return home_.mciSendStringA(command, reply, replyLength, callback);
@@ -28,4 +28,4 @@ class ProgramSound : public Sound {
     Services& services_;
 };
 
-}  // namespace tovera::cli
+}  // namespace tovera

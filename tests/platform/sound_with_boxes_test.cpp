@@ -1,10 +1,10 @@
-#include "cli/program_sound.h"
+#include "platform/sound_with_boxes.h"
 
 #include <gtest/gtest.h>
 
 #include "support/test_platform.h"
 
-namespace tovera::cli {
+namespace tovera {
 namespace {
 
 /// Sound that refuses each command with a code.
@@ -19,10 +19,10 @@ struct RefusedSound : Sound {
     I4 code = 275;
 };
 
-TEST(ProgramSound, TellsFailuresInTheProgramsOwnBoxes) {
+TEST(SoundWithBoxes, TellsFailuresInTheHostsBoxes) {
     testing::TestPlatform test;
     RefusedSound home;
-    ProgramSound sound(home, test.services);
+    SoundWithBoxes sound(home, test.services);
     EXPECT_EQ(sound.mciExecute({"play a.wav", false}), 0);
     EXPECT_EQ(test.services.boxes, (std::vector{testing::ShownBox{u"introuvable", 0, u"MCI"}}));
     home.code = 0;
@@ -31,4 +31,4 @@ TEST(ProgramSound, TellsFailuresInTheProgramsOwnBoxes) {
 }
 
 }  // namespace
-}  // namespace tovera::cli
+}  // namespace tovera
