@@ -21,8 +21,10 @@ class HostServices final : public ForwardedServices {
 
     using Services::messageBox;
     I4 messageBox(const Bstr& text, I4 flags, const Bstr& title) override {
-        if (!services_.message_box) return ForwardedServices::messageBox(text, flags, title);
-        return services_.message_box(data_, toUtf8(text).c_str(), flags, toUtf8(title).c_str());
+        const I4 button = services_.message_box ? services_.message_box(data_, toUtf8(text).c_str(), flags,
+                                                                        toUtf8(title).c_str())
+                                                : -1;
+        return button < 0 ? ForwardedServices::messageBox(text, flags, title) : button;
     }
     ObjectRef createObject(std::u16string_view progId) override {
         if (services_.create_object) {
@@ -31,10 +33,9 @@ class HostServices final : public ForwardedServices {
         return ForwardedServices::createObject(progId);
     }
     void pumpMessages() override {
-        if (hasPump())
-            services_.pump(data_);
-        else
-            ForwardedServices::pumpMessages();
+        if (!hasPump()) return ForwardedServices::pumpMessages();
+        const auto number = services_.pump(data_);
+        if (number != 0) recordOf(number, HostFailure()).raise();
     }
 
   private:

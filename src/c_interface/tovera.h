@@ -273,11 +273,12 @@ TOVERA_API void* tovera_object_data(const tovera_object* object, const tovera_ob
 /* What the host does for the objects that it creates. A function that is NULL is the system's. */
 typedef struct tovera_services {
     size_t size; /* sizeof(tovera_services) */
-    /* Shows a box with an OK button and gives the number of the pressed button (1). `flags` are 0, 16 (stop)
-     * or 64 (information). */
+    /* Shows a box with an OK button and gives the number of the pressed button (1); a negative number leaves
+     * the box to the system. `flags` are 0, 16 (stop) or 64 (information). */
     int32_t (*message_box)(void* data, const char* text, int32_t flags, const char* title);
-    /* One pass over the events that wait for the thread. While a member waits it is called every 20 ms. */
-    void (*pump)(void* data);
+    /* One pass over the events that wait for the thread; while a member waits it is called every 20 ms. 0, or
+     * the number of an error that ends the member. */
+    int32_t (*pump)(void* data);
     /* An object by ProgID, with a reference of its own; NULL where the host hasn't got it, then the system is
      * asked. */
     tovera_object* (*create_object)(void* data, const char* prog_id);

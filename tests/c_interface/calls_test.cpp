@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <cstring>
+#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
@@ -52,10 +53,12 @@ class Calls : public ::testing::Test {
     tovera_object* make(const char* name, tovera_host* host = nullptr) {
         return objects.emplace_back(tovera_create(host, name, nullptr));
     }
+    HostTable& newTable() { return tables.emplace_back(); }
     tovera_object* make(HostTable& table) { return objects.emplace_back(table.handle()); }
 
     std::filesystem::path folder;
     std::vector<tovera_object*> objects;
+    std::deque<HostTable> tables;
 };
 
 TEST_F(Calls, FindClassesAndMembersInAnyCase) {
@@ -97,7 +100,7 @@ TEST_F(Calls, TellFailures) {
 }
 
 TEST_F(Calls, ReachFormsOfTheHost) {
-    HostTable form, label;
+    auto &form = newTable(), &label = newTable();
     std::string caption = "Quitter";
     const auto named = [](const char* name) {
         return [=](auto*, size_t, auto* result, auto*) {
@@ -132,7 +135,7 @@ TEST_F(Calls, ReachFormsOfTheHost) {
 }
 
 TEST_F(Calls, LetFailuresOfTheHostThrough) {
-    HostTable form;
+    auto& form = newTable();
     form.members["hwnd"] = [](auto*, size_t, auto*, auto* failure) {
         return tovera_failure_set(failure, 1234, "plus de fenêtre", "hôte");
     };
@@ -147,7 +150,7 @@ TEST_F(Calls, LetFailuresOfTheHostThrough) {
 /// What a host does for its objects, counted.
 struct Served {
     std::vector<std::string> boxes;
-    unsigned pumped = 0;
+    unsigned pumped = 0, mostPumps = 1000;
     HostTable session;
     std::string asked;
 
@@ -158,7 +161,7 @@ struct Served {
             of(data).boxes.push_back(std::string(title) + '|' + shown + '|' + std::to_string(flags));
             return 1;
         },
-        [](void* data) { ++of(data).pumped; },
+        [](void* data) { return ++of(data).pumped >= of(data).mostPumps ? 18 : 0; },
         [](void* data, const char* progId) {
             of(data).asked = progId;
             return of(data).session.handle();
@@ -176,6 +179,8 @@ TEST_F(Calls, UseTheServicesOfTheHost) {
     EXPECT_EQ(served.boxes.size(), 1U);
     outcome(waiting, "Wait", {tovera_of_i4(1)});
     EXPECT_GE(served.pumped, 10U);
+    served.mostPumps = served.pumped + 2;
+    EXPECT_THAT(outcome(waiting, "Wait", {tovera_of_i4(3600)}), HasSubstr("18 "));
     const auto none = text("");
     outcome(mail, "EcrireEmail_LotusNotes", {none, none, none, none, tovera_of_bool(0)});
     EXPECT_EQ(served.asked, "Notes.Notessession");
