@@ -50,9 +50,6 @@ file(GLOB call_path CONFIGURE_DEPENDS src/frame/*.cpp src/catalogue/*.cpp src/au
     src/platform/windows/variants.cpp src/platform/windows/incoming_values.cpp
     src/platform/windows/caller_variables.cpp)
 set_source_files_properties(${call_path} PROPERTIES COMPILE_OPTIONS -O3)
-# Of the binding code each member has its own, and more than this makes it larger but not faster.
-set_source_files_properties(src/catalogue/catalogue.cpp src/automation/published_classes.cpp
-    PROPERTIES COMPILE_OPTIONS -O2)
 
 include(TypeLibrary)
 

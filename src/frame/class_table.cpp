@@ -2,15 +2,18 @@
 
 namespace tovera::detail {
 
-void complete(ClassDescription& description) {
-    description.progId = std::string(libraryName) + "." + std::string(description.name);
-    for (std::size_t slot = 0; slot < description.members.size(); ++slot) {
-        auto& member = description.members[slot];
-        description.names.add(member.name, static_cast<std::uint8_t>(slot));
-        const std::u16string name(member.name.begin(), member.name.end());
+ClassDescription describe(std::string_view name, std::string_view help,
+                          std::span<const MemberDescription> members) {
+    ClassDescription made{
+        name, help, std::string(libraryName) + "." + std::string(name), {members.begin(), members.end()}, {}};
+    for (std::size_t slot = 0; slot < members.size(); ++slot) {
+        auto& member = made.members[slot];
+        made.names.add(member.name, static_cast<std::uint8_t>(slot));
+        const std::u16string wide(member.name.begin(), member.name.end());
         const auto base = member.kind == CallKind::Method ? firstMethodId : firstPropertyId;
-        member.id = base + *description.names.find(name);
+        member.id = base + *made.names.find(wide);
     }
+    return made;
 }
 
 }  // namespace tovera::detail

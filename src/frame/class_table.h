@@ -75,9 +75,12 @@ constexpr auto unpublishedWrite(std::string_view name, std::string_view valueNam
 template <class C>
 struct ClassTable;
 
-/// A call by name, with the class and member already found.
-using Invoker = ReturnCode (*)(Object& self, void* instance, Services& services, std::span<Variant> arguments,
-                               Variant& result, ErrorRecord& failure) noexcept;
+struct MemberDescription;
+
+/// Binds the arguments of a call to what a signature declares, and runs a member of that signature.
+using Binding = ReturnCode (*)(const MemberDescription& member, Object& self, void* instance,
+                               Services& services, std::span<Variant> arguments, Variant& result,
+                               ErrorRecord& failure) noexcept;
 
 struct MemberDescription {
     std::string_view name;
@@ -86,8 +89,15 @@ struct MemberDescription {
     MemberId id = 0;
     Type result = Type::None;
     std::span<const ParameterDescription> parameters;
-    Invoker invoke = nullptr;
+    Binding binding = nullptr;
+    const Entry* entry = nullptr;  ///< an `EntryOf` the signature that the binding is made for
     bool published = true;
+
+    /// A call by name, with the class and member already found.
+    ReturnCode invoke(Object& self, void* instance, Services& services, std::span<Variant> arguments,
+                      Variant& given, ErrorRecord& failure) const noexcept {
+        return binding(*this, self, instance, services, arguments, given, failure);
+    }
 };
 
 struct ClassDescription {
@@ -106,10 +116,9 @@ inline constexpr MemberId firstPropertyId = 0x68030000;
 
 namespace detail {
 
-template <auto Function, class... Parameters>
-ReturnCode invokeByName(std::tuple<Parameters...>*, Object& self, void* instance, Services& services,
-                        std::span<Variant> arguments, Variant& result, ErrorRecord& failure) noexcept {
-    using F = MemberFunction<decltype(Function)>;
+template <class Value, class... Parameters>
+ReturnCode bind(const MemberDescription& member, Object& self, void* instance, Services& services,
+                std::span<Variant> arguments, Variant& result, ErrorRecord& failure) noexcept {
     auto binding = ErrorRecord::noArgument;
     const auto call = [&]<std::size_t... I>(std::index_sequence<I...>) {
         const Conversions convert(services);
@@ -119,11 +128,16 @@ ReturnCode invokeByName(std::tuple<Parameters...>*, Object& self, void* instance
         };
         return [&](Argument<Parameters>... bound) {
             binding = ErrorRecord::noArgument;
-            typename F::Value value{};
-            const auto code = runMember<Function>(self, *static_cast<typename F::Class*>(instance), value,
-                                                  failure, bound.pass()...);
+            Value value{};
+            const auto code = runInFrame(
+                self,
+                [&](Result<Value>& assigned) {
+                    const auto& entry = static_cast<const EntryOf<Value, Parameters...>&>(*member.entry);
+                    entry.call(instance, assigned, bound.pass()...);
+                },
+                value, failure);
             (bound.writeBack(convert), ...);
-            if constexpr (!std::is_same_v<typename F::Value, NoResult>) result = std::move(value);
+            if constexpr (!std::is_same_v<Value, NoResult>) result = std::move(value);
             return code;
         }(Argument<Parameters>(at(I), convert)...);
     };
@@ -137,18 +151,20 @@ ReturnCode invokeByName(std::tuple<Parameters...>*, Object& self, void* instance
     }
 }
 
-template <auto Function>
-ReturnCode invoker(Object& self, void* instance, Services& services, std::span<Variant> arguments,
-                   Variant& result, ErrorRecord& failure) noexcept {
-    constexpr typename MemberFunction<decltype(Function)>::ParameterList* parameters = nullptr;
-    return invokeByName<Function>(parameters, self, instance, services, arguments, result, failure);
-}
+/// How a member function is called, from its signature.
+template <auto Function, class Value, class Parameters>
+struct Calling;
+template <auto Function, class Value, class... Parameters>
+struct Calling<Function, Value, std::tuple<Parameters...>> {
+    static constexpr Binding binding = &bind<Value, Parameters...>;
+    static constexpr EntryOf<Value, Parameters...> entry{&enter<Function, Value, Parameters...>};
+};
 
 template <class C, std::size_t I>
 inline constexpr auto parametersOf = std::get<I>(ClassTable<C>::members).parameters();
 
 template <class C, std::size_t I>
-MemberDescription describeMember() {
+constexpr MemberDescription describeMember() {
     constexpr auto& row = std::get<I>(ClassTable<C>::members);
     using R = std::remove_cvref_t<decltype(row)>;
     MemberDescription member;
@@ -157,31 +173,31 @@ MemberDescription describeMember() {
     member.kind = R::kind;
     member.result = typeOf<typename R::F::Value>;
     member.parameters = parametersOf<C, I>;
-    member.invoke = &invoker<R::function>;
+    using Call = Calling<R::function, typename R::F::Value, typename R::F::ParameterList>;
+    member.binding = Call::binding;
+    member.entry = &Call::entry;
     member.published = row.published;
     return member;
 }
 
-/// Gives the members their identifiers, which the slots of one property share, and indexes their names.
-void complete(ClassDescription& description);
+template <class C>
+inline constexpr auto membersOf = []<std::size_t... I>(std::index_sequence<I...>) {
+    return std::array{describeMember<C, I>()...};
+}
+(std::make_index_sequence<std::tuple_size_v<decltype(ClassTable<C>::members)>>());
+
+/// The description of a class from its rows: the members get their identifiers, which the slots of one
+/// property share, and their names an index.
+ClassDescription describe(std::string_view name, std::string_view help,
+                          std::span<const MemberDescription> members);
 
 }  // namespace detail
 
 /// The description of a class, made at its first use.
 template <class C>
 const ClassDescription& describe() {
-    static const ClassDescription description = [] {
-        ClassDescription made;
-        made.name = ClassTable<C>::name;
-        made.help = ClassTable<C>::help;
-        constexpr auto count = std::tuple_size_v<decltype(ClassTable<C>::members)>;
-        [&]<std::size_t... I>(std::index_sequence<I...>) {
-            made.members = {detail::describeMember<C, I>()...};
-        }
-        (std::make_index_sequence<count>());
-        detail::complete(made);
-        return made;
-    }();
+    static const auto description =
+        detail::describe(ClassTable<C>::name, ClassTable<C>::help, detail::membersOf<C>);
     return description;
 }
 

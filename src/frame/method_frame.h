@@ -102,24 +102,29 @@ struct MemberFunction<R (C::*)(Parameters...)>
 template <class C, class R, class... Parameters>
 struct MemberFunction<R (C::*)(Parameters...) const> : MemberFunction<R (C::*)(Parameters...)> {};
 
-/// Runs a member function on an instance inside the frame of its object.
-template <auto Function, class... Arguments>
-ReturnCode runMember(Object& self, typename MemberFunction<decltype(Function)>::Class& instance,
-                     typename MemberFunction<decltype(Function)>::Value& result, ErrorRecord& failure,
-                     Arguments&&... arguments) noexcept {
+/// What a member is called through, of which the signature is known where it was made only.
+struct Entry {};
+
+/// A member function as a plain one of its signature: what binds the arguments of a call is then made once a
+/// signature, not once a member. The instance is an object of the member's class.
+template <class Value, class... Parameters>
+struct EntryOf : Entry {
+    using Call = void (*)(void* instance, Result<Value>& assigned, Parameters&&... arguments);
+    constexpr explicit EntryOf(Call function) : call(function) {}
+    Call call;
+};
+
+template <auto Function, class Value, class... Parameters>
+void enter(void* instance, Result<Value>& assigned, Parameters&&... arguments) {
     using F = MemberFunction<decltype(Function)>;
-    return runInFrame(
-        self,
-        [&](Result<typename F::Value>& assigned) {
-            if constexpr (F::assigns) {
-                (instance.*Function)(std::forward<Arguments>(arguments)..., assigned);
-            } else if constexpr (std::is_same_v<typename F::Value, NoResult>) {
-                (instance.*Function)(std::forward<Arguments>(arguments)...);
-            } else {
-                assigned = (instance.*Function)(std::forward<Arguments>(arguments)...);
-            }
-        },
-        result, failure);
+    auto& self = *static_cast<typename F::Class*>(instance);
+    if constexpr (F::assigns) {
+        (self.*Function)(std::forward<Parameters>(arguments)..., assigned);
+    } else if constexpr (std::is_same_v<Value, NoResult>) {
+        (self.*Function)(std::forward<Parameters>(arguments)...);
+    } else {
+        assigned = (self.*Function)(std::forward<Parameters>(arguments)...);
+    }
 }
 
 }  // namespace tovera
