@@ -67,18 +67,17 @@ struct SlotParameter {
     }
 };
 
-/// The function in a slot: the object, the parameters in their order, and the address of the result. A call
-/// with a null address doesn't reach the member, and gives the default result like any other that fails.
-template <std::size_t I, class Value, class Parameters>
-struct SlotFunction;
-
-template <std::size_t I, class Value, class... Parameters>
-struct SlotFunction<I, Value, std::tuple<Parameters...>> {
+/// A call by slot, of all members of one signature: the object, the slot, the parameters in their order, and
+/// the address of the result. A call with a null address doesn't reach the member, and gives the default
+/// result like any other that fails.
+template <class Value, class... Parameters>
+struct SlotCall {
     static_assert(sizeof...(Parameters) <= mostParameters);
+    using Result = typename SlotType<Value>::Type;
 
-    static HRESULT STDMETHODCALLTYPE call(DualInterface* self,
-                                          typename SlotParameter<Parameters>::Type... arguments,
-                                          typename SlotType<Value>::Type* result) {
+    [[gnu::noinline]] static HRESULT run(DualInterface* self, std::size_t slot,
+                                         typename SlotParameter<Parameters>::Type... arguments,
+                                         Result* result) noexcept {
         if (!result) return refuseNullAddress();
         if ((SlotParameter<Parameters>::isRefused(arguments) || ...)) {
             *result = {};
@@ -86,20 +85,41 @@ struct SlotFunction<I, Value, std::tuple<Parameters...>> {
         }
         const std::array<VARIANT, sizeof...(Parameters)> packed{
             SlotParameter<Parameters>::packed(arguments)...};
-        return callBySlot(*self->object, I, packed, std::as_writable_bytes(std::span(result, 1)));
+        return callBySlot(*self->object, slot, packed, std::as_writable_bytes(std::span(result, 1)));
+    }
+};
+
+template <class... Parameters>
+struct SlotCall<NoResult, Parameters...> {
+    static_assert(sizeof...(Parameters) <= mostParameters);
+
+    [[gnu::noinline]] static HRESULT run(DualInterface* self, std::size_t slot,
+                                         typename SlotParameter<Parameters>::Type... arguments) noexcept {
+        if ((SlotParameter<Parameters>::isRefused(arguments) || ...)) return refuseNullAddress();
+        const std::array<VARIANT, sizeof...(Parameters)> packed{
+            SlotParameter<Parameters>::packed(arguments)...};
+        return callBySlot(*self->object, slot, packed, {});
+    }
+};
+
+/// The function in a slot: all that it adds to the call of its signature is which slot it is.
+template <std::size_t I, class Value, class Parameters>
+struct SlotFunction;
+
+template <std::size_t I, class Value, class... Parameters>
+struct SlotFunction<I, Value, std::tuple<Parameters...>> {
+    static HRESULT STDMETHODCALLTYPE call(DualInterface* self,
+                                          typename SlotParameter<Parameters>::Type... arguments,
+                                          typename SlotType<Value>::Type* result) noexcept {
+        return SlotCall<Value, Parameters...>::run(self, I, arguments..., result);
     }
 };
 
 template <std::size_t I, class... Parameters>
 struct SlotFunction<I, NoResult, std::tuple<Parameters...>> {
-    static_assert(sizeof...(Parameters) <= mostParameters);
-
     static HRESULT STDMETHODCALLTYPE call(DualInterface* self,
-                                          typename SlotParameter<Parameters>::Type... arguments) {
-        if ((SlotParameter<Parameters>::isRefused(arguments) || ...)) return refuseNullAddress();
-        const std::array<VARIANT, sizeof...(Parameters)> packed{
-            SlotParameter<Parameters>::packed(arguments)...};
-        return callBySlot(*self->object, I, packed, {});
+                                          typename SlotParameter<Parameters>::Type... arguments) noexcept {
+        return SlotCall<NoResult, Parameters...>::run(self, I, arguments...);
     }
 };
 

@@ -87,10 +87,10 @@ struct MemberDescription {
     std::string_view help;
     CallKind kind = CallKind::Method;
     MemberId id = 0;
-    Type result = Type::None;
     std::span<const ParameterDescription> parameters;
     Binding binding = nullptr;
     const Entry* entry = nullptr;  ///< an `EntryOf` the signature that the binding is made for
+    Type result = Type::None;
     bool published = true;
 
     /// A call by name, with the class and member already found.
@@ -116,7 +116,7 @@ inline constexpr MemberId firstPropertyId = 0x68030000;
 
 namespace detail {
 
-template <class Value, class... Parameters>
+template <class Outcome, class... Parameters>
 ReturnCode bind(const MemberDescription& member, Object& self, void* instance, Services& services,
                 std::span<Variant> arguments, Variant& result, ErrorRecord& failure) noexcept {
     auto binding = ErrorRecord::noArgument;
@@ -128,12 +128,13 @@ ReturnCode bind(const MemberDescription& member, Object& self, void* instance, S
         };
         return [&](Argument<Parameters>... bound) {
             binding = ErrorRecord::noArgument;
+            using Entered = EntryOf<Outcome, Parameters...>;
+            using Value = typename Entered::Value;
             Value value{};
             const auto code = runInFrame(
                 self,
                 [&](Result<Value>& assigned) {
-                    const auto& entry = static_cast<const EntryOf<Value, Parameters...>&>(*member.entry);
-                    entry.call(instance, assigned, bound.pass()...);
+                    static_cast<const Entered&> (*member.entry)(instance, assigned, bound.pass()...);
                 },
                 value, failure);
             (bound.writeBack(convert), ...);
@@ -152,12 +153,13 @@ ReturnCode bind(const MemberDescription& member, Object& self, void* instance, S
 }
 
 /// How a member function is called, from its signature.
-template <auto Function, class Value, class Parameters>
+template <auto Function, class Outcome, class Parameters>
 struct Calling;
-template <auto Function, class Value, class... Parameters>
-struct Calling<Function, Value, std::tuple<Parameters...>> {
-    static constexpr Binding binding = &bind<Value, Parameters...>;
-    static constexpr EntryOf<Value, Parameters...> entry{&enter<Function, Value, Parameters...>};
+template <auto Function, class Outcome, class... Parameters>
+struct Calling<Function, Outcome, std::tuple<Parameters...>> {
+    using Entered = EntryOf<Outcome, Parameters...>;
+    static constexpr Binding binding = &bind<Outcome, Parameters...>;
+    static constexpr Entered entry{{}, &Entered::template enter<Function>};
 };
 
 template <class C, std::size_t I>
@@ -173,7 +175,7 @@ constexpr MemberDescription describeMember() {
     member.kind = R::kind;
     member.result = typeOf<typename R::F::Value>;
     member.parameters = parametersOf<C, I>;
-    using Call = Calling<R::function, typename R::F::Value, typename R::F::ParameterList>;
+    using Call = Calling<R::function, typename R::F::Outcome, typename R::F::ParameterList>;
     member.binding = Call::binding;
     member.entry = &Call::entry;
     member.published = row.published;

@@ -70,8 +70,8 @@ template <class C, class R, class... Parameters>
 struct SplitResult {
     using Class = C;
     using Value = std::conditional_t<std::is_void_v<R>, NoResult, R>;
+    using Outcome = Value;
     using ParameterList = std::tuple<Parameters...>;
-    static constexpr bool assigns = false;
 };
 
 template <class C, class Done, class... Parameters>
@@ -80,8 +80,8 @@ template <class C, class... Done, class T>
 struct SplitAssigned<C, std::tuple<Done...>, Result<T>&> {
     using Class = C;
     using Value = T;
+    using Outcome = Result<T>;
     using ParameterList = std::tuple<Done...>;
-    static constexpr bool assigns = true;
 };
 template <class C, class... Done, class First, class... Rest>
 requires(sizeof...(Rest) > 0) struct SplitAssigned<C, std::tuple<Done...>, First, Rest...>
@@ -107,24 +107,44 @@ struct Entry {};
 
 /// A member function as a plain one of its signature: what binds the arguments of a call is then made once a
 /// signature, not once a member. The instance is an object of the member's class.
-template <class Value, class... Parameters>
+template <class Outcome, class... Parameters>
 struct EntryOf : Entry {
-    using Call = void (*)(void* instance, Result<Value>& assigned, Parameters&&... arguments);
-    constexpr explicit EntryOf(Call function) : call(function) {}
-    Call call;
+    using Value = Outcome;
+
+    template <auto Function>
+    static Value enter(void* instance, Parameters&&... arguments) {
+        auto& self = *static_cast<typename MemberFunction<decltype(Function)>::Class*>(instance);
+        if constexpr (std::is_same_v<Value, NoResult>) {
+            (self.*Function)(std::forward<Parameters>(arguments)...);
+            return {};
+        } else {
+            return (self.*Function)(std::forward<Parameters>(arguments)...);
+        }
+    }
+
+    void operator()(void* instance, Result<Value>& assigned, Parameters&&... arguments) const {
+        assigned = call(instance, std::forward<Parameters>(arguments)...);
+    }
+
+    Value (*call)(void* instance, Parameters&&... arguments);
 };
 
-template <auto Function, class Value, class... Parameters>
-void enter(void* instance, Result<Value>& assigned, Parameters&&... arguments) {
-    using F = MemberFunction<decltype(Function)>;
-    auto& self = *static_cast<typename F::Class*>(instance);
-    if constexpr (F::assigns) {
+/// The same for a member that assigns its result itself.
+template <class T, class... Parameters>
+struct EntryOf<Result<T>, Parameters...> : Entry {
+    using Value = T;
+
+    template <auto Function>
+    static void enter(void* instance, Result<T>& assigned, Parameters&&... arguments) {
+        auto& self = *static_cast<typename MemberFunction<decltype(Function)>::Class*>(instance);
         (self.*Function)(std::forward<Parameters>(arguments)..., assigned);
-    } else if constexpr (std::is_same_v<Value, NoResult>) {
-        (self.*Function)(std::forward<Parameters>(arguments)...);
-    } else {
-        assigned = (self.*Function)(std::forward<Parameters>(arguments)...);
     }
-}
+
+    void operator()(void* instance, Result<T>& assigned, Parameters&&... arguments) const {
+        call(instance, assigned, std::forward<Parameters>(arguments)...);
+    }
+
+    void (*call)(void* instance, Result<T>& assigned, Parameters&&... arguments);
+};
 
 }  // namespace tovera

@@ -27,8 +27,21 @@ class Optional {
 };
 
 /// Types of the published interface.
-enum class Type { None, Bstr, Variant, VariantBool, Date, I2, I4, R4, R8, UI1, StringArray, Object };
-enum class Mode { ByValue, ByReference, Optional };
+enum class Type : std::uint8_t {
+    None,
+    Bstr,
+    Variant,
+    VariantBool,
+    Date,
+    I2,
+    I4,
+    R4,
+    R8,
+    UI1,
+    StringArray,
+    Object
+};
+enum class Mode : std::uint8_t { ByValue, ByReference, Optional };
 
 // clang-format off
 template <class T> inline constexpr Type typeOf = Type::None;
