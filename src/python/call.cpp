@@ -1,0 +1,61 @@
+#include "python/call.h"
+
+#include <utility>
+
+namespace tovera::python {
+namespace {
+
+thread_local constinit Call* innermost = nullptr;
+
+/// KeyboardInterrupt and SystemExit are nothing that a member may ignore.
+bool isOrdinary(PyObject* exception) {
+    return PyErr_GivenExceptionMatches(exception, PyExc_Exception) != 0;
+}
+
+}  // namespace
+
+Call::Call() : outer_(std::exchange(innermost, this)) {}
+
+Call::~Call() {
+    innermost = outer_;
+}
+
+void Call::end(std::int32_t number, const Failure& failure) {
+    if (number == 0 && !kept_) return;
+    const bool isSame = number != 0 && kept_ && failure.source && mark_ == failure.source;
+    if (isSame || mustComeOut_) {
+        putRaised(std::move(kept_));
+        throw Raised();
+    }
+    if (number == 0) return;
+    auto error = makeError(number, failure.description, failure.source);
+    if (kept_) PyException_SetContext(error.get(), kept_.release());
+    putRaised(std::move(error));
+    throw Raised();
+}
+
+std::int32_t Call::keepRaised(tovera_failure* failure, bool mustComeOut) noexcept {
+    try {
+        auto exception = takeRaised();
+        const auto told = toldOf(exception.get());
+        if (!innermost) {
+            putRaised(std::move(exception));
+            PyErr_WriteUnraisable(nullptr);
+            return tovera_failure_set(failure, told.number, told.description.c_str(), nullptr);
+        }
+        static unsigned count = 0;
+        auto& call = *innermost;
+        const auto mark = "Python " + std::to_string(++count);
+        if (!call.mustComeOut_) {
+            call.mustComeOut_ = mustComeOut || !isOrdinary(exception.get());
+            call.kept_ = std::move(exception);
+            call.mark_ = mark;
+        }
+        return tovera_failure_set(failure, told.number, told.description.c_str(), mark.c_str());
+    } catch (...) {
+        PyErr_Clear();
+        return tovera_failure_set(failure, number::outOfMemory, nullptr, nullptr);
+    }
+}
+
+}  // namespace tovera::python
