@@ -5,7 +5,8 @@
 namespace tovera::python {
 namespace {
 
-thread_local constinit Call* innermost = nullptr;
+// Asked for at each call: the faster of the ways to find it.
+[[gnu::tls_model("initial-exec")]] thread_local constinit Call* innermost = nullptr;
 
 /// KeyboardInterrupt and SystemExit are nothing that a member may ignore.
 bool isOrdinary(PyObject* exception) {
@@ -20,8 +21,7 @@ Call::~Call() {
     innermost = outer_;
 }
 
-void Call::end(std::int32_t number, const Failure& failure) {
-    if (number == 0 && !kept_) return;
+void Call::endBadly(std::int32_t number, const Failure& failure) {
     const bool isSame = number != 0 && kept_ && failure.source && mark_ == failure.source;
     if (isSame || mustComeOut_) {
         putRaised(std::move(kept_));

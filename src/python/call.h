@@ -14,13 +14,17 @@ class Call {
     ~Call();
 
     /// Raises what the call has ended with, and throws `Raised`; nothing where it has ended well.
-    void end(std::int32_t number, const Failure& failure);
+    void end(std::int32_t number, const Failure& failure) {
+        if (number != 0 || kept_) endBadly(number, failure);
+    }
 
     /// Keeps the exception that is raised at present in the innermost call of the thread and tells the
     /// component of it. One that `mustComeOut` is raised even if the member goes on.
     static std::int32_t keepRaised(tovera_failure* failure, bool mustComeOut = false) noexcept;
 
   private:
+    void endBadly(std::int32_t number, const Failure& failure);
+
     Call* outer_;
     Ref kept_;
     std::string mark_;  ///< the source of the failure that the component was told of

@@ -52,10 +52,11 @@ Ref newOf(PyTypeObject* type, bool hasArguments) {
 
 /// The member with this name in another case of its letters; null where there is none. Borrowed.
 PyObject* memberLike(const ComponentObject& object, PyObject* name) {
+    if (PySet_Contains(object.ownClass->names.get(), name) != 0) return nullptr;
     const auto lower = checked(PyObject_CallMethod(name, "lower", nullptr));
-    auto* const found = PyDict_GetItemWithError(object.ownClass->names.get(), lower.get());
+    auto* const found = PyDict_GetItemWithError(object.ownClass->namesByLower.get(), lower.get());
     if (!found && PyErr_Occurred()) throw Raised();
-    return found && PyUnicode_Compare(found, name) != 0 ? found : nullptr;
+    return found;
 }
 
 }  // namespace

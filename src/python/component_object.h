@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "python/component_class.h"
+#include "python/class_rows.h"
 
 namespace tovera::python {
 

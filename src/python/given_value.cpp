@@ -5,7 +5,7 @@
 
 #include "python/errors.h"
 #include "python/exact_numbers.h"
-#include "python/host_object.h"
+#include "python/host_handle.h"
 #include "python/known.h"
 #include "python/moments.h"
 
@@ -98,7 +98,9 @@ tovera_value rareValue(PyObject* value, unsigned declared, Keeper& keeper) {
     if (value == known().null.get()) return tovera_of_type(TOVERA_NULL);
     if (value == known().missing.get()) return tovera_of_type(TOVERA_MISSING);
     if (value == known().nothing.get()) return tovera_of_object(nullptr);
+    if (PyUnicode_Check(value)) return textValue(value, keeper);
     if (PyLong_Check(value)) return wholeNumber(value);
+    if (PyFloat_Check(value)) return tovera_of_r8(PyFloat_AsDouble(value));
     if (isMoment(value)) return tovera_of_date(daysOf(value));
     if (isOneOf(value, known().decimal)) return exactDecimal(value);
     if (PyBytes_Check(value) || PyByteArray_Check(value)) raise(number::typeMismatch);
@@ -173,8 +175,8 @@ tovera_value asTyped(const tovera_value& value, long type) {
 
 tovera_value givenValue(PyObject* value, unsigned declared, Keeper& keeper) {
     if (PyLong_CheckExact(value)) return wholeNumber(value);
-    if (PyUnicode_Check(value)) return textValue(value, keeper);
-    if (PyFloat_Check(value)) return tovera_of_r8(PyFloat_AsDouble(value));
+    if (PyUnicode_CheckExact(value)) return textValue(value, keeper);
+    if (PyFloat_CheckExact(value)) return tovera_of_r8(PyFloat_AsDouble(value));
     if (value == Py_None)
         return declared == TOVERA_OBJECT ? tovera_of_object(nullptr) : tovera_of_type(TOVERA_EMPTY);
     if (PyBool_Check(value)) return tovera_of_bool(value == Py_True);

@@ -5,6 +5,7 @@
 #include "python/attribute_names.h"
 #include "python/call.h"
 #include "python/given_value.h"
+#include "python/host_handle.h"
 #include "python/known.h"
 #include "python/taken_value.h"
 
@@ -144,15 +145,8 @@ constexpr tovera_object_functions functions{
 
 }  // namespace
 
-tovera_object* hostObject(PyObject* object) {
-    auto* const made = tovera_object_new(&functions, object);
-    if (!made) raise(number::outOfMemory);
-    Py_IncRef(object);
-    return made;
-}
-
-PyObject* hostData(const tovera_object* object) {
-    return objectOf(tovera_object_data(object, &functions));
+void useHostObjects() {
+    setHostFunctions(functions);
 }
 
 }  // namespace tovera::python

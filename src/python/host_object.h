@@ -1,14 +1,9 @@
 #pragma once
 
-#include "python/interpreter.h"
-
 namespace tovera::python {
 
-/// An object of Python for the component, with a reference of its own to it: its attributes are members,
-/// their names matched without regard to case. Throws `Raised` without memory.
-tovera_object* hostObject(PyObject* object);
-
-/// The object of Python behind one that `hostObject` has made; null for any other.
-PyObject* hostData(const tovera_object* object);
+/// Makes the attributes of Python's objects members for the component, their names matched without regard to
+/// case: callables are called, and the elements of an object that can be walked through are its controls.
+void useHostObjects();
 
 }  // namespace tovera::python

@@ -1,7 +1,7 @@
 #include "python/host_services.h"
 
 #include "python/call.h"
-#include "python/host_object.h"
+#include "python/host_handle.h"
 #include "python/known.h"
 
 namespace tovera::python {

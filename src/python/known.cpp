@@ -13,17 +13,11 @@ Ref interned(const char* name) {
 
 }  // namespace
 
-Known& changeableKnown() {
-    static auto& known = *std::make_unique<Known>().release();
-    return known;
-}
-
-const Known& known() {
-    return changeableKnown();
-}
+constinit Known* knownObjects = nullptr;
 
 void findKnown() {
-    auto& found = changeableKnown();
+    if (!knownObjects) knownObjects = std::make_unique<Known>().release();
+    auto& found = *knownObjects;
     constexpr const char* values = "tovera._values";
     found.error = attributeOf(values, "Error");
     found.memberError = attributeOf(values, "MemberError");

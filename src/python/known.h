@@ -27,8 +27,11 @@ struct Known {
     Ref createObject;
 };
 
-const Known& known();
-Known& changeableKnown();
+/// Null until they have been found.
+extern constinit Known* knownObjects;
+inline const Known& known() {
+    return *knownObjects;
+}
 /// Finds all of them, at the start of the module. Throws `Raised`.
 void findKnown();
 

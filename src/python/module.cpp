@@ -1,8 +1,10 @@
 #include <array>
 #include <utility>
 
-#include "python/component_class.h"
+#include "python/class_rows.h"
+#include "python/component_types.h"
 #include "python/errors.h"
+#include "python/host_object.h"
 #include "python/host_services.h"
 #include "python/known.h"
 
@@ -23,8 +25,7 @@ template <Ref Known::*Place>
 PyObject* set(PyObject*, PyObject* function) {
     return forPython([&] {
         if (function != Py_None && !PyCallable_Check(function)) raise(number::typeMismatch);
-        auto before =
-            std::exchange(changeableKnown().*Place, function == Py_None ? Ref() : another(function));
+        auto before = std::exchange(knownObjects->*Place, function == Py_None ? Ref() : another(function));
         return before ? std::move(before) : another(Py_None);
     });
 }
@@ -62,8 +63,10 @@ PyModuleDef definition{PyModuleDef_HEAD_INIT,
 Ref makeModule() {
     auto module = checked(PyModule_Create(&definition));
     findKnown();
+    useHostObjects();
     if (!hostOfPython()) raise(number::outOfMemory);
-    addClasses(module.get());
+    readClasses();
+    addTypes(module.get());
     if (PyModule_AddStringConstant(module.get(), "__version__", tovera_version()) != 0) throw Raised();
     return module;
 }

@@ -5,7 +5,7 @@
 
 #include "python/errors.h"
 #include "python/exact_numbers.h"
-#include "python/host_object.h"
+#include "python/host_handle.h"
 #include "python/known.h"
 #include "python/moments.h"
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "python/interpreter.h"
@@ -19,23 +18,21 @@ struct Property {
     const Member* write = nullptr;
 };
 
-/// A class of the component as a type of Python. Attributes are the interpreter's own, so that calls, `help`
-/// and signatures cost and show what those of any other type do.
+/// A class of the component with its type in Python.
 struct ComponentClass {
     const tovera_class* row = nullptr;
-    bool mayTakeLong = false;
+    bool mayTakeLong = false;  ///< the making of an object
     std::vector<Member> members;
     std::vector<Property> properties;
-    const tovera_member* objectProperty = nullptr;  ///< the one that holds an object of Python, if any
-    std::vector<std::string> documents;
-    std::vector<PyMethodDef> methods;
-    std::vector<PyGetSetDef> accessors;
-    Ref names;  ///< a dictionary: the lower-case name of a member, the name
+    const tovera_member* objectProperty = nullptr;  ///< the one that may hold an object of Python
+    Ref names;                                      ///< the names of the members, a set
+    Ref namesByLower;                               ///< a dictionary: the lower-case name, the name
     PyTypeObject* type = nullptr;
 };
 
-/// Makes the types of all classes and adds them to the module. Throws `Raised`.
-void addClasses(PyObject* module);
+/// All classes, read from the table of the component by `readClasses`, which throws `Raised`.
+std::vector<ComponentClass>& componentClasses();
+void readClasses();
 
 /// The class that a type is, or derives from.
 const ComponentClass& classOf(PyTypeObject* type);
