@@ -12,6 +12,12 @@
 namespace tovera::python {
 namespace {
 
+/// None: nothing for an object, the null text for a text, else empty.
+tovera_value noValue(unsigned declared) {
+    if (declared == TOVERA_OBJECT) return tovera_of_object(nullptr);
+    return declared == TOVERA_TEXT ? tovera_of_text(nullptr, 0) : tovera_of_type(TOVERA_EMPTY);
+}
+
 tovera_value wholeNumber(PyObject* whole) {
     int overflow = 0;
     const long number = PyLong_AsLongAndOverflow(whole, &overflow);
@@ -177,8 +183,7 @@ tovera_value givenValue(PyObject* value, unsigned declared, Keeper& keeper) {
     if (PyLong_CheckExact(value)) return wholeNumber(value);
     if (PyUnicode_CheckExact(value)) return textValue(value, keeper);
     if (PyFloat_CheckExact(value)) return tovera_of_r8(PyFloat_AsDouble(value));
-    if (value == Py_None)
-        return declared == TOVERA_OBJECT ? tovera_of_object(nullptr) : tovera_of_type(TOVERA_EMPTY);
+    if (value == Py_None) return noValue(declared);
     if (PyBool_Check(value)) return tovera_of_bool(value == Py_True);
     return rareValue(value, declared, keeper);
 }
@@ -187,7 +192,9 @@ tovera_value givenVariable(PyObject* byRef, unsigned declared, bool& isTyped, Ke
     const auto type = PyLong_AsLong(checked(PyObject_GetAttr(byRef, known().type.get())).get());
     keeper.push_back(checked(PyObject_GetAttr(byRef, known().value.get())));
     isTyped = type != TOVERA_VARIANT;
-    auto value = givenValue(keeper.back().get(), isTyped ? static_cast<unsigned>(type) : declared, keeper);
+    // A variable without a value is empty, so that it comes back as one.
+    const bool isObject = (isTyped ? static_cast<unsigned>(type) : declared) == TOVERA_OBJECT;
+    auto value = givenValue(keeper.back().get(), isObject ? TOVERA_OBJECT : TOVERA_VARIANT, keeper);
     if (!isTyped) return value;
     try {
         return asTyped(value, type);

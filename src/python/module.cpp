@@ -14,8 +14,9 @@ namespace {
 PyObject* dispatch(PyObject*, PyObject* name) {
     return forPython([&] {
         if (!PyUnicode_Check(name)) raise(number::typeMismatch);
-        const auto* const found = classNamed(utf8Of(name).c_str());
-        if (!found) raiseAbout(number::cannotCreateObject, name);
+        const auto written = utf8Of(name);
+        const auto* const found = classNamed(written.c_str());
+        if (!found || written.find('\0') != written.npos) raiseAbout(number::cannotCreateObject, name);
         return checked(PyObject_CallNoArgs(reinterpret_cast<PyObject*>(found->type)));
     });
 }
