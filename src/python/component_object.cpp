@@ -4,6 +4,7 @@
 #include "python/call.h"
 #include "python/host_services.h"
 #include "python/known.h"
+#include "python/lock.h"
 #include "python/taken_value.h"
 
 namespace tovera::python {

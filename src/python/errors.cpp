@@ -30,8 +30,8 @@ std::int32_t numberOf(PyObject* exception) {
     if (isOneOf(exception, known().error)) {
         const Ref number(PyObject_GetAttrString(exception, "number"));
         const auto value = number ? PyLong_AsLong(number.get()) : 0;
+        if (value != 0 && !PyErr_Occurred()) return static_cast<std::int32_t>(value);
         PyErr_Clear();
-        if (value != 0) return static_cast<std::int32_t>(value);
     }
     for (const auto& row : numbersOfExceptions)
         if (PyErr_GivenExceptionMatches(exception, *row.type)) return row.number;

@@ -7,6 +7,7 @@
 #include "python/given_value.h"
 #include "python/host_handle.h"
 #include "python/known.h"
+#include "python/lock.h"
 #include "python/taken_value.h"
 
 namespace tovera::python {
@@ -40,7 +41,6 @@ std::int32_t forComponent(tovera_failure* failure, Body body) noexcept {
 }
 
 void drop(void* data) {
-    if (!Py_IsInitialized()) return;
     const Locked locked;
     // What the object's end does must not disturb an exception on its way.
     PyObject* type = nullptr;

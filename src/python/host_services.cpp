@@ -3,6 +3,7 @@
 #include "python/call.h"
 #include "python/host_handle.h"
 #include "python/known.h"
+#include "python/lock.h"
 
 namespace tovera::python {
 namespace {

@@ -43,30 +43,4 @@ PyObject* forPython(Body body) noexcept {
     return nullptr;
 }
 
-/// The interpreter's lock for a function that the component calls, which may have been let go.
-class Locked {
-  public:
-    Locked() : state_(PyGILState_Ensure()) {}
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-    ~Locked() { PyGILState_Release(state_); }
-
-  private:
-    PyGILState_STATE state_;
-};
-
-/// Lets other threads of Python run, where that is wanted, until the end of its block.
-class OthersRun {
-  public:
-    explicit OthersRun(bool wanted) : state_(wanted ? PyEval_SaveThread() : nullptr) {}
-    OthersRun(const OthersRun&) = delete;
-    OthersRun& operator=(const OthersRun&) = delete;
-    ~OthersRun() {
-        if (state_) PyEval_RestoreThread(state_);
-    }
-
-  private:
-    PyThreadState* state_;
-};
-
 }  // namespace tovera::python

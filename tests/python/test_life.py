@@ -4,6 +4,8 @@ import gc
 import os
 import resource
 import signal
+import subprocess
+import sys
 import threading
 import time
 import tracemalloc
@@ -203,3 +205,53 @@ class Leaks(unittest.TestCase):
             for act in (lambda: language.Sauver_LangueFeuille(Form(), "./a.lng"),
                         lambda: language.Charger_TousLesMessages("./a.lng", ByRef(["a"] * 10))):
                 self.assert_no_leak(act, 2000)
+
+
+class Ends(unittest.TestCase):
+    """Processes that end while the component is at work."""
+
+    def run_to_its_end(self, *lines):
+        done = subprocess.run([sys.executable, "-c", "\n".join(lines)], capture_output=True, text=True, timeout=60)
+        return done.returncode, done.stdout, done.stderr
+
+    def test_a_thread_that_waits_is_left(self):
+        self.assertEqual(
+            self.run_to_its_end(
+                "import threading, time, tovera",
+                "threading.Thread(target=lambda: tovera.Cls_Windows().Wait(30), daemon=True).start()",
+                "time.sleep(0.2)",
+                "print('fini')",
+            ),
+            (0, "fini\n", ""),
+        )
+
+    def test_calls_from_destructors_at_the_end(self):
+        self.assertEqual(
+            self.run_to_its_end(
+                "import tovera",
+                "class Cell:",
+                "    Value = 10",
+                "    internet = tovera.Cls_Internet()",
+                "    def __del__(self, date=tovera.Cls_Date(), windows=tovera.Cls_Windows()):",
+                "        windows.Wait(0)",
+                "        print(date.Chrono(self, 20))",
+                "cell = Cell()",
+                "cell.internet.NSession = [cell]",
+            ),
+            (0, "10\n", ""),
+        )
+
+    def test_endless_recursion_is_an_error(self):
+        status, printed, _ = self.run_to_its_end(
+            "import tovera",
+            "date = tovera.Cls_Date()",
+            "class Cell:",
+            "    @property",
+            "    def Value(self):",
+            "        return date.Chrono(self, 1)",
+            "try:",
+            "    date.Chrono(Cell(), 1)",
+            "except tovera.Error as error:",
+            "    print(error.number)",
+        )
+        self.assertEqual((status, printed), (0, "13\n"))

@@ -111,11 +111,11 @@ class Values(unittest.TestCase):
         result = tovera.Cls_Math().MesurePrincipale(angle)
         self.assertAlmostEqual(angle.value, result, places=6)
         self.assertEqual(round(angle.value, 2), -2.56)
-        # The same variable in two places is one.
-        both = ByRef("a")
-        with own_folder():
-            tovera.Cls_Windows().CreationRaccourci("Un", "/usr/bin/true", both, both)
-        self.assertIsInstance(both.value, str)
+
+    def test_a_variable_in_two_places_is_one(self):
+        both = ByRef("caf‚")
+        tovera.Cls_Conversion().ConvertirOemAnsi(both, both)
+        self.assertEqual(both.value, "café")
 
     def test_a_variable_of_a_failed_call_has_its_value(self):
         angle = ByRef("bientôt")
