@@ -11,8 +11,8 @@ import time
 sys.path.insert(0, sys.argv[1])
 import tovera
 
-ROUNDS = 41
-SECONDS_A_ROUND = 0.01
+ROUNDS = 301
+SECONDS_A_ROUND = 0.001
 
 
 class Plain:

@@ -13,6 +13,11 @@ bool isOrdinary(PyObject* exception) {
     return PyErr_GivenExceptionMatches(exception, PyExc_Exception) != 0;
 }
 
+/// The failure of an exception that has been kept is known again by its source.
+std::string sourceOf(unsigned mark) {
+    return "Python " + std::to_string(mark);
+}
+
 }  // namespace
 
 Call::Call() : outer_(std::exchange(innermost, this)) {}
@@ -22,7 +27,7 @@ Call::~Call() {
 }
 
 void Call::endBadly(std::int32_t number, const Failure& failure) {
-    const bool isSame = number != 0 && kept_ && failure.source && mark_ == failure.source;
+    const bool isSame = number != 0 && kept_ && failure.source && sourceOf(mark_) == failure.source;
     if (isSame || mustComeOut_) {
         putRaised(std::move(kept_));
         throw Raised();
@@ -45,13 +50,13 @@ std::int32_t Call::keepRaised(tovera_failure* failure, bool mustComeOut) noexcep
         }
         static unsigned count = 0;
         auto& call = *innermost;
-        const auto mark = "Python " + std::to_string(++count);
+        const auto mark = ++count;
         if (!call.mustComeOut_) {
             call.mustComeOut_ = mustComeOut || !isOrdinary(exception.get());
             call.kept_ = std::move(exception);
             call.mark_ = mark;
         }
-        return tovera_failure_set(failure, told.number, told.description.c_str(), mark.c_str());
+        return tovera_failure_set(failure, told.number, told.description.c_str(), sourceOf(mark).c_str());
     } catch (...) {
         PyErr_Clear();
         return tovera_failure_set(failure, number::outOfMemory, nullptr, nullptr);

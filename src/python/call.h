@@ -27,7 +27,7 @@ class Call {
 
     Call* outer_;
     Ref kept_;
-    std::string mark_;  ///< the source of the failure that the component was told of
+    unsigned mark_ = 0;  ///< in the source of the failure that the component was told of
     bool mustComeOut_ = false;
 };
 

@@ -22,12 +22,14 @@ inline constexpr std::int32_t wrongArgumentCount = 450;
 inline constexpr std::int32_t notEnumerable = 451;
 }  // namespace number
 
-/// A failure that frees its texts.
+/// A failure that frees its texts. Nothing else of it is set before a call has failed.
 struct Failure : tovera_failure {
-    Failure() : tovera_failure{} {}
+    Failure() { number = 0; }
     Failure(const Failure&) = delete;
     Failure& operator=(const Failure&) = delete;
-    ~Failure() { tovera_failure_clear(this); }
+    ~Failure() {
+        if (number != 0) tovera_failure_clear(this);
+    }
 };
 
 /// A `tovera.Error`, or `tovera.MemberError` for a member that is not there. A description that is null is

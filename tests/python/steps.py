@@ -188,11 +188,12 @@ def has_result(target, name):
 
 
 def number_text(number):
-    """Up to 15 digits; 7 for what an R4 holds and no short text of an R8 gives."""
+    """As many digits as count: 15, or 7 for what may be an `R4`, which Python holds in full."""
     text = f"{number:.15g}"
-    if struct.unpack("f", struct.pack("f", number))[0] == number and len(text) > 10:
+    is_single = abs(number) < 3e38 and struct.unpack("f", struct.pack("f", number))[0] == number
+    if is_single and len(text) > len("-1234567.5"):
         text = f"{number:.7g}"
-    return text.replace("e", "E").replace("-0", "0") if text == "-0" else text.replace("e", "E")
+    return text.replace("e", "E") if number else "0"
 
 
 def printed(value, declared=""):
@@ -201,7 +202,7 @@ def printed(value, declared=""):
     if value is tovera.Null:
         return "Null"
     if isinstance(value, float):
-        return number_text(value) if abs(value) < 3e38 else f"{value:.15g}".replace("e", "E")
+        return number_text(value)
     if isinstance(value, decimal.Decimal):
         return f"{value:f}"
     if isinstance(value, datetime.datetime):
