@@ -26,7 +26,7 @@ int writeProperty(PyObject* self, PyObject* value, void* property) noexcept;
 /// The life of an object, and its attributes in any case of their letters: the slots of its type.
 PyObject* newObject(PyTypeObject* type, PyObject* arguments, PyObject* names) noexcept;
 void endObject(PyObject* self) noexcept;
-int traverseObject(PyObject* self, visitproc visit, void* data) noexcept;
+int traverseObject(PyObject* self, visitproc visit, void* arg) noexcept;
 int clearObject(PyObject* self) noexcept;
 PyObject* attributeOfObject(PyObject* self, PyObject* name) noexcept;
 int setAttributeOfObject(PyObject* self, PyObject* name, PyObject* value) noexcept;

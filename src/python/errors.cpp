@@ -48,7 +48,7 @@ std::string utf8Of(PyObject* text) {
         PyErr_Clear();
         return {};
     }
-    return std::string(start, static_cast<std::size_t>(length));
+    return {start, static_cast<std::size_t>(length)};
 }
 
 Ref makeError(std::int32_t number, const char* description, const char* source) {

@@ -22,9 +22,9 @@ inline constexpr std::int32_t wrongArgumentCount = 450;
 inline constexpr std::int32_t notEnumerable = 451;
 }  // namespace number
 
-/// A failure that frees its texts. Nothing else of it is set before a call has failed.
+/// A failure that frees its texts.
 struct Failure : tovera_failure {
-    Failure() { number = 0; }
+    Failure() : tovera_failure{} {}
     Failure(const Failure&) = delete;
     Failure& operator=(const Failure&) = delete;
     ~Failure() {

@@ -1,6 +1,7 @@
 #include "python/exact_numbers.h"
 
 #include <optional>
+#include <string_view>
 
 #include "python/errors.h"
 #include "python/known.h"
@@ -9,6 +10,7 @@ namespace tovera::python {
 namespace {
 
 constexpr int mostDecimals = 28;
+constexpr std::size_t digitsThatFit = 28;  ///< any so many
 
 /// A whole number of up to 96 bits without sign.
 class Whole96 {
@@ -35,51 +37,53 @@ tovera_value exactOf(const Whole96& whole, int decimals, bool isNegative) {
     return value;
 }
 
-/// Reads a number as Python writes it, with a point, an exponent, or both.
-std::optional<tovera_value> exactOfText(const std::string& text) {
-    Whole96 whole;
-    long decimals = 0;
+/// A number as Python writes it: digits with a point, an exponent, or both.
+struct Written {
+    std::string digits;  ///< without the point, and without zeros in front
+    long decimals = 0;   ///< how many of the digits stand behind the point; less than 0 for further zeros
     bool isNegative = false;
+    bool isNumber = true;
+};
+
+Written writtenIn(std::string_view text) {
+    Written written;
+    written.isNegative = text.starts_with('-');
+    if (written.isNegative) text.remove_prefix(1);
+    if (const auto exponent = text.find('E'); exponent != text.npos) {
+        written.decimals = -std::stol(std::string(text.substr(exponent + 1)));
+        text = text.substr(0, exponent);
+    }
     bool afterPoint = false;
-    long exponent = 0;
-    std::size_t zeros = 0;  // at the end, which may not fit
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        if (c == '-' && i == 0) {
-            isNegative = true;
-        } else if (c == '.') {
+    for (const char c : text) {
+        if (c == '.') {
             afterPoint = true;
-        } else if (c == 'E') {
-            exponent = std::stol(text.substr(i + 1));
-            break;
-        } else if (c < '0' || c > '9') {
-            return {};
-        } else if (c == '0') {
-            ++zeros;
-            decimals += afterPoint;
-        } else {
-            for (; zeros > 0; --zeros)
-                if (!whole.append(0)) return {};
-            if (!whole.append(static_cast<unsigned>(c - '0'))) return {};
-            decimals += afterPoint;
+            continue;
         }
+        if (c < '0' || c > '9') written.isNumber = false;
+        written.decimals += afterPoint ? 1 : 0;
+        if (c != '0' || !written.digits.empty()) written.digits += c;
     }
-    decimals -= exponent;
-    const bool isZero = whole.low == 0 && whole.high == 0;
-    if (isZero) return exactOf(whole, 0, false);
-    // As many of the zeros as are needed, or fit, are written out.
-    for (; zeros > 0 && decimals > mostDecimals; --zeros) --decimals;
-    for (; zeros > 0 && whole.append(0); --zeros) {
-    }
-    decimals -= static_cast<long>(zeros);
-    for (; decimals < 0; ++decimals)
-        if (!whole.append(0)) return {};
-    if (decimals > mostDecimals) return {};
-    return exactOf(whole, static_cast<int>(decimals), isNegative);
+    return written;
+}
+
+std::optional<tovera_value> exactOfText(std::string_view text) {
+    auto written = writtenIn(text);
+    auto& digits = written.digits;
+    auto decimals = written.decimals;
+    if (!written.isNumber) return {};
+    if (digits.empty()) return exactOf({}, 0, false);
+    // Zeros at the end are kept where there is room for them.
+    const auto isTooLong = [&] { return decimals > mostDecimals || digits.size() > digitsThatFit; };
+    for (; digits.back() == '0' && decimals > 0 && isTooLong(); --decimals) digits.pop_back();
+    if (decimals > mostDecimals || decimals < -mostDecimals) return {};
+    for (; decimals < 0; ++decimals) digits += '0';
+    Whole96 whole;
+    for (const char c : digits)
+        if (!whole.append(static_cast<unsigned>(c - '0'))) return {};
+    return exactOf(whole, static_cast<int>(decimals), written.isNegative);
 }
 
 tovera_value exactOfWritten(PyObject* number) {
-    // No exact number has as many digits; the decimal text of a huge number takes long to make.
     const auto text = utf8Of(checked(PyObject_Str(number)).get());
     const auto value = exactOfText(text);
     if (!value) raise(number::overflow);
@@ -89,6 +93,7 @@ tovera_value exactOfWritten(PyObject* number) {
 }  // namespace
 
 tovera_value exactWhole(PyObject* whole) {
+    // The decimal text of a huge number would take long to make.
     const auto bits = checked(PyObject_CallMethod(whole, "bit_length", nullptr));
     if (PyLong_AsLong(bits.get()) > 96) raise(number::overflow);
     return exactOfWritten(whole);

@@ -30,7 +30,7 @@ class Values(unittest.TestCase):
         hypothenuse = tovera.Cls_Math().Hypothenuse
         numbers = [0, -1, 2**31 - 1, -(2**31), 2**31, -(2**31) - 1, 2**63, 2**96 - 1, -(2**96) + 1, 10**28]
         numbers += [0.1, -2.5, 1e300, True, False]
-        numbers += [Decimal(text) for text in ("12.34", "-0.5", "1e-28", "7.9228162514264337593543950335")]
+        numbers += [Decimal(text) for text in ("12.34", "12.50", "0E-5", "-0.5", "1e-28", "9.9E+27", "7.9228162514264337593543950335")]
         numbers += [None, "12", "", datetime.datetime(2027, 3, 28)]
         for number in numbers:
             variable = ByRef(number)
@@ -39,8 +39,8 @@ class Values(unittest.TestCase):
             except Error:
                 pass
             self.assertEqual(variable.value, number)
-            expected = type(number) if number != Decimal(10) ** 28 else int
-            self.assertIs(type(variable.value), expected)
+            is_whole = isinstance(number, Decimal) and number == int(number)
+            self.assertIs(type(variable.value), int if is_whole else type(number))
 
     def test_numbers_that_are_too_large(self):
         for number in (2**96, -(2**96), 10**5000, Decimal("1e29"), Decimal("1e-29"), Decimal("NaN"),
@@ -49,6 +49,9 @@ class Values(unittest.TestCase):
                 tovera.Cls_Math().MesurePrincipale(number)
             self.assertEqual(raised.exception.number, 6)
         # Zeros at the end need no room.
+        nine = ByRef(Decimal("9." + "0" * 28))
+        tovera.Cls_Math().Hypothenuse(nine, 0, 0, 0)
+        self.assertEqual(nine.value, 9)
         self.assertEqual(tovera.Cls_Math().MesurePrincipale(Decimal("1." + "0" * 60)), 1)
 
     def test_texts(self):
