@@ -1,12 +1,13 @@
 #include "python/call.h"
 
-#include <utility>
-
 namespace tovera::python {
 namespace {
 
 // Asked for at each call: the faster of the ways to find it.
 [[gnu::tls_model("initial-exec")]] thread_local constinit Call* innermost = nullptr;
+
+/// Calls within calls take more of the stack than Python's own limit allows for.
+constexpr int deepest = 200;
 
 /// KeyboardInterrupt and SystemExit are nothing that a member may ignore.
 bool isOrdinary(PyObject* exception) {
@@ -20,7 +21,13 @@ std::string sourceOf(unsigned mark) {
 
 }  // namespace
 
-Call::Call() : outer_(std::exchange(innermost, this)) {}
+Call::Call() : outer_(innermost), depth_(outer_ ? outer_->depth_ + 1 : 1) {
+    if (depth_ > deepest) {
+        PyErr_SetString(PyExc_RecursionError, "calls of the component within each other");
+        throw Raised();
+    }
+    innermost = this;
+}
 
 Call::~Call() {
     innermost = outer_;

@@ -8,6 +8,7 @@ namespace tovera::python {
 /// exception comes out of the call as it is, if the member lets the failure through.
 class Call {
   public:
+    /// Throws `Raised`, a RecursionError, for too many within each other.
     Call();
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
@@ -26,6 +27,7 @@ class Call {
     void endBadly(std::int32_t number, const Failure& failure);
 
     Call* outer_;
+    int depth_;
     Ref kept_;
     unsigned mark_ = 0;  ///< in the source of the failure that the component was told of
     bool mustComeOut_ = false;

@@ -18,6 +18,6 @@ tovera_value givenValue(PyObject* value, unsigned declared, Keeper& keeper);
 tovera_value givenVariable(PyObject* byRef, unsigned declared, bool& isTyped, Keeper& keeper);
 
 /// The result of a function of Python, which owns all that it refers to.
-tovera_value ownedValue(PyObject* value);
+tovera_value ownedValue(PyObject* result);
 
 }  // namespace tovera::python
