@@ -14,6 +14,16 @@ ComponentObject& objectOf(PyObject* self) {
     return *reinterpret_cast<ComponentObject*>(self);
 }
 
+/// A failure of the call is told first: it may be the reason for a value that Python has not.
+void giveBack(Arguments& arguments, bool hasFailed) {
+    try {
+        arguments.giveBack();
+    } catch (const Raised&) {
+        if (!hasFailed) throw;
+        PyErr_Clear();
+    }
+}
+
 /// Runs a member. Variables have their new values afterwards, after a failure as well.
 Ref run(ComponentObject& object, const Member& member, unsigned flags, const Passed& passed) {
     if (!object.handle) raise(number::objectRequired);
@@ -28,7 +38,7 @@ Ref run(ComponentObject& object, const Member& member, unsigned flags, const Pas
         number = tovera_invoke(object.handle, member.row->id, flags, values.data(), values.size(), &result,
                                &failure);
     }
-    arguments.giveBack();
+    giveBack(arguments, number != 0);
     call.end(number, failure);
     return takenValue(result);
 }

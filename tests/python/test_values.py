@@ -90,6 +90,9 @@ class Values(unittest.TestCase):
             with self.assertRaises(Error) as raised:
                 tovera.Cls_Math().Hypothenuse(ByRef(days, "DATE"), 0, 0, 0)
             self.assertEqual(raised.exception.number, 6)
+        with self.assertRaises(Error) as raised:
+            tovera.Cls_Math().Hypothenuse(ByRef(3e6, "DATE"), "trois", 0, 0)
+        self.assertEqual(raised.exception.number, 13)
 
     def test_typed_variables(self):
         cases = [("I2", 10, 10), ("I2", 2.5, 2), ("I2", True, -1), ("I4", 3.5, 4), ("UI1", 255, 255),
