@@ -44,7 +44,7 @@ void Arguments::set(std::size_t place, PyObject* value) {
 
 void Arguments::setVariable(std::size_t place, PyObject* byRef) {
     bool isTyped = false;
-    auto* variable = &variables_[0];
+    auto* variable = variables_.data();
     auto* const end = variable + variableCount_;
     while (variable != end && variable->byRef != byRef) ++variable;
     if (variable == end) {

@@ -75,6 +75,6 @@ Ref makeModule() {
 }  // namespace
 }  // namespace tovera::python
 
-PyMODINIT_FUNC PyInit__tovera() {
+PyMODINIT_FUNC PyInit__tovera() {  // NOLINT(bugprone-reserved-identifier): the name that Python looks for
     return tovera::python::forPython(tovera::python::makeModule);
 }
