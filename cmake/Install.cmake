@@ -68,4 +68,15 @@ foreach(package PROGRAM LIBRARY)
     set(CPACK_DEBIAN_${package}_PACKAGE_SUGGESTS
         "libglib2.0-0, libcurl4, libssl3, libgstreamer1.0-0, gstreamer1.0-plugins-good, libxcb1, libxcb-xfixes0, libxcb-xkb1, libxcb-randr0, libodbc2, odbc-mdbtools, samba")
 endforeach()
+if(TARGET tovera_python)
+    list(APPEND CPACK_COMPONENTS_ALL python)
+    set(CPACK_COMPONENT_PYTHON_DESCRIPTION "Utility functions with French names and messages (Python)
+The package tovera for Python 3.11 and later.")
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-tovera)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+        "libtovera${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), python3 (>= 3.11)")
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+        "${CMAKE_CURRENT_SOURCE_DIR}/cmake/python/postinst;${CMAKE_CURRENT_SOURCE_DIR}/cmake/python/prerm")
+endif()
 include(CPack)

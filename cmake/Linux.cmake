@@ -20,6 +20,7 @@ target_include_directories(tovera PUBLIC
 
 include(CInterface)
 include(Program)
+include(Python)
 
 # The generators of texts made from the class table.
 file(GLOB reference_sources CONFIGURE_DEPENDS tools/reference/*.cpp)

@@ -48,13 +48,16 @@ template <class Find>
 std::int32_t call(tovera_object* handle, Find findMember, unsigned flags,
                   std::span<const tovera_value> arguments, tovera_value* result, tovera_failure* failure) {
     if (result) *result = tovera_of_type(TOVERA_EMPTY);
-    return guarded(failure, [&] {
+    return guarded(failure, [&]() -> std::int32_t {
         if (!handle || !handle->object) raise(ErrorNumber::ObjectRequired);
         requireOwnThread(*handle);
         // A callback of the host may release the handle in the middle of the call.
         const auto object = handle->object;
         const auto host = handle->host;
-        return tell(failure, run(*object, findMember(*object), flags, arguments, result));
+        const auto record = run(*object, findMember(*object), flags, arguments, result);
+        if (record.code != ReturnCode::Success) return tell(failure, record);
+        if (failure) *failure = {0, 0, ErrorRecord::noArgument, nullptr, nullptr};
+        return 0;
     });
 }
 
