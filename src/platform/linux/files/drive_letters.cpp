@@ -79,8 +79,10 @@ I4 typeOf(const DriveSources& sources, const Mount& mount) {
 std::string identityOf(const DriveSources& sources, const Mount& mount, I4 type) {
     if (type == driveTypes::remote) return "network:" + mount.source;
     if (type == driveTypes::ramDisk) return "memory:" + mount.folder;
-    const auto id = volumeId(sources, deviceOf(sources, mount));
-    return id.empty() ? "device:" + mount.source : "uuid:" + id;
+    const auto device = deviceOf(sources, mount);
+    if (const auto id = volumeId(sources, device); !id.empty()) return "uuid:" + id;
+    const auto hardware = hardwareId(sources, device);
+    return hardware.empty() ? "device:" + mount.source : "hardware:" + hardware;
 }
 
 /// Optical drives are known by themselves, whatever disc they hold; then come the mounts in the kernel's
@@ -94,7 +96,7 @@ std::vector<Volume> volumes(const DriveSources& sources, const std::vector<Mount
         if (!factsOfTarget(device)) continue;
         const auto mount = std::ranges::find(mounts, device, &Mount::source);
         found.push_back(
-            {"optical:" + name, {0, driveTypes::cdRom, mount == mounts.end() ? "" : mount->folder}});
+            {"optical:" + name, {0, driveTypes::cdRom, mount == mounts.end() ? "" : mount->folder, {}}});
         opticalDevices.push_back(device);
     }
     for (const auto& mount : mounts) {
@@ -104,7 +106,7 @@ std::vector<Volume> volumes(const DriveSources& sources, const std::vector<Mount
         auto identity = identityOf(sources, mount, type);
         // A volume that is mounted twice has one letter.
         if (std::ranges::count(found, identity, &Volume::identity) > 0) continue;
-        found.push_back({std::move(identity), {0, type, mount.folder}});
+        found.push_back({std::move(identity), {0, type, mount.folder, deviceOf(sources, mount)}});
     }
     return found;
 }
@@ -187,26 +189,13 @@ std::vector<Drive> otherDrives(const DriveSources& sources) {
         const auto device = sources.devices + "/fd" + std::to_string(number);
         const auto facts = factsOfTarget(device);
         if (facts && S_ISBLK(facts->st_mode))
-            drives.push_back({static_cast<char>('A' + number), driveTypes::removable, {}});
+            drives.push_back({static_cast<char>('A' + number), driveTypes::removable, {}, {}});
     }
     auto found = volumes(sources, readMountList(contentOf(sources.mountList)));
     giveKeptLetters(sources.letters, found);
     for (auto& volume : found)
         if (volume.drive.letter != 0) drives.push_back(std::move(volume.drive));
     return drives;
-}
-
-std::string volumeId(const DriveSources& sources, const std::string& device) {
-    std::error_code ignored;
-    const auto folder = sources.devices + "/disk/by-uuid";
-    for (const auto& link : std::filesystem::directory_iterator(folder, ignored)) {
-        const auto facts = factsOfTarget(link.path());
-        if (!facts || !S_ISBLK(facts->st_mode)) continue;
-        const auto numbers =
-            std::to_string(major(facts->st_rdev)) + ':' + std::to_string(minor(facts->st_rdev));
-        if (numbers == device) return link.path().filename();
-    }
-    return {};
 }
 
 }  // namespace tovera

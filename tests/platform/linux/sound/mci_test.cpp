@@ -74,13 +74,14 @@ TEST(Tray, RequestsInTheirOrder) {
         sent.push_back(request);
         return answer;
     };
-    EXPECT_EQ(moveTray(true, user.onC("dev"), record), 263);
+    const OpticalDrives drives{user.onC("dev"), user.onC("mounts"), record};
+    EXPECT_EQ(moveTray(true, drives), 263);
     user.makeFile("dev/sr1");
-    EXPECT_EQ(moveTray(true, user.onC("dev"), record), 0);
-    EXPECT_EQ(moveTray(false, user.onC("dev"), record), 0);
+    EXPECT_EQ(moveTray(true, drives), 0);
+    EXPECT_EQ(moveTray(false, drives), 0);
     EXPECT_EQ(sent, (std::vector<unsigned long>{CDROM_LOCKDOOR, CDROMEJECT, CDROMCLOSETRAY}));
     answer = -1;
-    EXPECT_EQ(moveTray(true, user.onC("dev"), record), 276);
+    EXPECT_EQ(moveTray(true, drives), 276);
 }
 
 TEST(SoundDevices, OfTheKernelWithoutAServer) {
