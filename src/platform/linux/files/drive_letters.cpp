@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <optional>
 #include <sys/sysmacros.h>
@@ -23,18 +22,12 @@ constexpr std::array<std::string_view, 9> networkFileSystems{
     "cifs", "smb3", "smbfs", "nfs", "nfs4", "fuse.sshfs", "fuse.davfs", "davfs", "9p"};
 constexpr std::array<std::string_view, 2> opticalFileSystems{"iso9660", "udf"};
 constexpr std::string_view letters = "DEFGHIJKLMNOPQRSTUVWXY";
-constexpr int mostDevices = 16;
 
 /// A volume that is to have a letter: what it is known by, and what is there now.
 struct Volume {
     std::string identity;
     Drive drive;
 };
-
-std::string contentOf(const std::string& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 bool isOneOf(const auto& names, std::string_view name) {
     return std::ranges::find(names, name) != std::end(names);
@@ -65,8 +58,8 @@ std::string deviceOf(const DriveSources& sources, const Mount& mount) {
 /// Of a partition, the disk that it is on tells.
 bool isRemovable(const DriveSources& sources, const Mount& mount) {
     const auto device = sources.blockDevices + '/' + deviceOf(sources, mount);
-    return contentOf(device + "/removable").starts_with('1') ||
-           contentOf(device + "/../removable").starts_with('1');
+    return kernelFile(device + "/removable").starts_with('1') ||
+           kernelFile(device + "/../removable").starts_with('1');
 }
 
 I4 typeOf(const DriveSources& sources, const Mount& mount) {
@@ -90,10 +83,8 @@ std::string identityOf(const DriveSources& sources, const Mount& mount, I4 type)
 std::vector<Volume> volumes(const DriveSources& sources, const std::vector<Mount>& mounts) {
     std::vector<Volume> found;
     std::vector<std::string> opticalDevices;
-    for (int number = 0; number < mostDevices; ++number) {
-        const auto name = "sr" + std::to_string(number);
+    for (const auto& name : opticalDrives(sources)) {
         const auto device = sources.devices + '/' + name;
-        if (!factsOfTarget(device)) continue;
         const auto mount = std::ranges::find(mounts, device, &Mount::source);
         found.push_back(
             {"optical:" + name, {0, driveTypes::cdRom, mount == mounts.end() ? "" : mount->folder, {}}});
@@ -163,7 +154,7 @@ void giveLetters(GivenLetters& given, std::vector<Volume>& found) {
 /// Where they can't be noted they hold for this once.
 void giveKeptLetters(const std::string& file, std::vector<Volume>& found) {
     if (found.empty()) return;
-    GivenLetters known(contentOf(file));
+    GivenLetters known(kernelFile(file));
     giveLetters(known, found);
     if (!known.hasNew()) return;
     std::error_code ignored;
@@ -191,7 +182,7 @@ std::vector<Drive> otherDrives(const DriveSources& sources) {
         if (facts && S_ISBLK(facts->st_mode))
             drives.push_back({static_cast<char>('A' + number), driveTypes::removable, {}, {}});
     }
-    auto found = volumes(sources, readMountList(contentOf(sources.mountList)));
+    auto found = volumes(sources, readMountList(kernelFile(sources.mountList)));
     giveKeptLetters(sources.letters, found);
     for (auto& volume : found)
         if (volume.drive.letter != 0) drives.push_back(std::move(volume.drive));

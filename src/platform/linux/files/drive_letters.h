@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "frame/values.h"
-#include "platform/linux/files/volume_id.h"
+#include "platform/linux/files/block_devices.h"
 
 // The drives of this system by letters. `C:` and `Z:` are folders; `A:` and `B:` floppy drives; from `D:` on
 // come optical drives, then what is mounted for users and from the network. A letter once given stays with

@@ -3,8 +3,6 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
-#include <fstream>
-#include <iterator>
 #include <linux/cdrom.h>
 #include <spawn.h>
 #include <sys/ioctl.h>
@@ -20,23 +18,12 @@
 namespace tovera {
 namespace {
 
-constexpr int mostDrives = 16;
-
-std::string firstDrive(const std::string& devices) {
-    for (int number = 0; number < mostDrives; ++number) {
-        auto path = devices + "/sr" + std::to_string(number);
-        if (factsOfTarget(path)) return path;
-    }
-    return {};
-}
-
 std::vector<std::string> foldersOn(const std::string& drive, const std::string& mountList) {
     const auto facts = factsOfTarget(drive);
     if (!facts || !S_ISBLK(facts->st_mode)) return {};
     const auto device = std::to_string(major(facts->st_rdev)) + ':' + std::to_string(minor(facts->st_rdev));
-    std::ifstream list(mountList, std::ios::binary);
     std::vector<std::string> folders;
-    for (auto& mount : readMountList(std::string(std::istreambuf_iterator<char>(list), {})))
+    for (auto& mount : readMountList(kernelFile(mountList)))
         if (mount.device == device) folders.push_back(std::move(mount.folder));
     return folders;
 }
@@ -61,8 +48,9 @@ void unmount(std::string folder) {
 }  // namespace
 
 I4 moveTray(bool open, const OpticalDrives& drives) {
-    const auto path = firstDrive(drives.devices);
-    if (path.empty()) return mci::noSuchDevice;
+    const auto names = opticalDrives(drives.folders);
+    if (names.empty()) return mci::noSuchDevice;
+    const auto path = drives.folders.devices + '/' + names.front();
     if (open)
         for (const auto& folder : foldersOn(path, drives.mountList)) unmount(folder);
     const FileDescriptor drive(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_EXCL | O_CLOEXEC));

@@ -4,12 +4,13 @@
 #include <string>
 
 #include "frame/values.h"
+#include "platform/linux/files/block_devices.h"
 
 namespace tovera {
 
 /// Where the optical drives of a machine are, and what is done to them.
 struct OpticalDrives {
-    std::string devices = "/dev";
+    DeviceFolders folders = {};
     std::string mountList = "/proc/self/mountinfo";
     /// Sends a request to an open drive; 0 on success, as `ioctl` has it.
     std::function<int(int drive, unsigned long request)> request = {};

@@ -26,7 +26,8 @@ struct Machine : ::testing::Test {
     }
 
     UserFolder user;
-    DriveSources sources{{user.onC("dev"), user.onC("block")}, user.onC("mounts"), user.onC("neuf/drives")};
+    DriveSources sources{
+        {user.onC("dev"), user.onC("block"), user.onC("cdrom")}, user.onC("mounts"), user.onC("neuf/drives")};
 };
 
 TEST(MountList, FieldsAndEscapes) {
@@ -57,6 +58,7 @@ TEST_F(Machine, LettersStayWithTheirVolumes) {
            "8:33 / /mnt/disque rw - ext4 /dev/sdc1 rw"});
     EXPECT_EQ(drives(), "D2/media/u/CLE E4/home/u/serveur F6/mnt/ram G3/mnt/disque ");
     user.makeFile("dev/sr0");
+    user.makeFile("cdrom", "drive name:\tsr0\n");
     mount({share});
     EXPECT_EQ(drives(), "H5 E4/home/u/serveur ") << "an empty optical drive has a letter";
     mount({disc, usb, usb, share});

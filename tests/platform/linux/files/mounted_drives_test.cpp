@@ -110,7 +110,7 @@ TEST(MountedDrives, KeepTheirLettersAndSerialNumbers) {
         const TemporaryFolder noted;
         EXPECT_TRUE(run("mkdir -p " + noted / "disk/by-id" + " && ln -s " + mounts.deviceOf("sans") + ' ' +
                         noted / "disk/by-id/usb-Cle_1234-part1"));
-        otherDrives({{noted.path(), "/sys/dev/block"}, "/proc/self/mountinfo", noted / "letters"});
+        otherDrives({{noted.path(), "/sys/dev/block", ""}, "/proc/self/mountinfo", noted / "letters"});
         EXPECT_NE(contentOf(noted / "letters").find(" hardware:usb-Cle_1234-part1\n"), std::string::npos)
             << "the device itself tells which it is";
     });
@@ -122,10 +122,12 @@ TEST(MountedDrives, AreUnmountedBeforeTheTrayOpens) {
         EXPECT_TRUE(mounts.mount("un", "disque"));
         EXPECT_TRUE(run("ln -s " + mounts.deviceOf("disque") + ' ' + devices / "sr0"));
         std::vector<unsigned long> sent;
-        const OpticalDrives drives{devices.path(), "/proc/self/mountinfo", [&](int, unsigned long request) {
-                                       sent.push_back(request);
-                                       return 0;
-                                   }};
+        std::ofstream(devices / "cdrom") << "drive name:\tsr0\n";
+        const OpticalDrives drives{
+            {devices.path(), "", devices / "cdrom"}, "/proc/self/mountinfo", [&](int, unsigned long request) {
+                sent.push_back(request);
+                return 0;
+            }};
         {
             const FileDescriptor used(::open("/mnt/disque", O_RDONLY | O_CLOEXEC));
             EXPECT_EQ(moveTray(true, drives), 276) << "a disc in use stays";

@@ -137,9 +137,14 @@ TEST(Tray, RequestsInTheirOrder) {
         sent.push_back(request);
         return answer;
     };
-    const OpticalDrives drives{user.onC("dev"), user.onC("mounts"), record};
+    const OpticalDrives drives{
+        {user.onC("dev"), user.onC("block"), user.onC("cdrom")}, user.onC("mounts"), record};
     EXPECT_EQ(moveTray(true, drives), 263);
-    user.makeFile("dev/sr1");
+    user.makeFile("cdrom", "CD-ROM information, Id: x\n\ndrive name:\t\tsr10\tsr2\tsr1\ndrive speed:\t24\n");
+    EXPECT_EQ(moveTray(true, drives), 263) << "drives that this process doesn't see";
+    user.makeFile("dev/sr10");
+    user.makeFile("dev/sr2");
+    EXPECT_EQ(opticalDrives(drives.folders), (std::vector<std::string>{"sr2", "sr10"}));
     EXPECT_EQ(moveTray(true, drives), 0);
     EXPECT_EQ(moveTray(false, drives), 0);
     EXPECT_EQ(sent, (std::vector<unsigned long>{CDROM_LOCKDOOR, CDROMEJECT, CDROMCLOSETRAY}));

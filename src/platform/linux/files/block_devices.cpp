@@ -1,10 +1,14 @@
-#include "platform/linux/files/volume_id.h"
+#include "platform/linux/files/block_devices.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <sys/sysmacros.h>
 
+#include "platform/linux/files/file_descriptor.h"
 #include "platform/linux/files/file_facts.h"
 
 #if __has_include(<blkid/blkid.h>)
@@ -89,6 +93,37 @@ std::string idOn(const std::string&) {
 #endif
 
 }  // namespace
+
+std::string kernelFile(const std::string& path) {
+    constexpr std::size_t roomAtFirst = 8192;
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file.isOpen()) return {};
+    std::string bytes(roomAtFirst, '\0');
+    std::size_t size = 0;
+    while (true) {
+        const auto count = ::read(file.get(), bytes.data() + size, bytes.size() - size);
+        if (count < 0 && errno == EINTR) continue;
+        if (count <= 0) break;
+        size += static_cast<std::size_t>(count);
+        if (size == bytes.size()) bytes.resize(2 * size);
+    }
+    bytes.resize(size);
+    return bytes;
+}
+
+/// The kernel lists them in one line, and the last to come first: `drive name:		sr1	sr0`.
+std::vector<std::string> opticalDrives(const DeviceFolders& folders) {
+    constexpr std::string_view key = "drive name:";
+    const auto facts = kernelFile(folders.opticalDrives);
+    const auto line = facts.find(key);
+    if (line == facts.npos) return {};
+    std::istringstream names(facts.substr(line + key.size(), facts.find('\n', line) - line - key.size()));
+    std::vector<std::string> drives;
+    for (std::string name; names >> name;)
+        if (factsOfTarget(folders.devices + '/' + name)) drives.push_back(name);
+    std::ranges::sort(drives, {}, [](const auto& name) { return std::pair(name.size(), name); });
+    return drives;
+}
 
 std::string volumeId(const DeviceFolders& folders, const std::string& device) {
     const auto noted = linkTo(folders.devices + "/disk/by-uuid", device);
