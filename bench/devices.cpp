@@ -12,10 +12,14 @@ namespace bench {
 namespace {
 
 const Group devices([] {
-    const auto drive =
-        loopOf([object = Cls_Multimedia()]() mutable { return object.TypePeripherique(u"C"); });
-    std::vector<Row> rows{
-        {"type of a drive", drive, {"mountinfo read once", loopIfInstalled(mountListRead)}, 0.67}};
+    const auto typeOf = [](const char16_t* letter) {
+        return loopOf([object = Cls_Multimedia(), letter = Bstr(letter)]() mutable {
+            return object.TypePeripherique(letter);
+        });
+    };
+    const Peer mounts{"mountinfo read once", loopIfInstalled(mountListRead)};
+    std::vector<Row> rows{{"type of drive C", typeOf(u"C"), mounts, 0.67},
+                          {"type of a drive that is looked for", typeOf(u"Y"), mounts, 0.67}};
     if (!hasDisplay()) return rows;
     rows.push_back({"position of the mouse",
                     loopOf([object = Cls_SourisClv()]() mutable {

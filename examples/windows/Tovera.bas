@@ -1,7 +1,7 @@
 Attribute VB_Name = "Tovera"
-' For Excel, Word, Access and Visual Basic: import this module (File > Import File). Office of 32 bits only, as the
-' component is. With a reference to the library KADRELDLL (Tools > References) one may declare "As New Cls_Date"
-' instead of creating by ProgID, and gets the help strings while typing.
+' For Excel, Word, Access and Visual Basic: import this module (File > Import File). With a reference to the library
+' KADRELDLL (Tools > References) one may declare "As New Cls_Date" instead of creating by ProgID, and gets the help
+' strings while typing.
 Option Explicit
 
 ' As a formula in a cell: =MONTANT_EN_LETTRES(A1)

@@ -1,5 +1,4 @@
-# Working days of each month of a year: in a 32-bit PowerShell (SysWOW64\WindowsPowerShell\v1.0\powershell.exe),
-#   powershell -File jours_ouvrables.ps1 -Year 2027
+# Working days of each month of a year: powershell -File jours_ouvrables.ps1 -Year 2027
 param([int16] $Year = (Get-Date).Year)
 
 $dates = New-Object -ComObject KADRELDLL.Cls_Date

@@ -1,4 +1,4 @@
-"""Easter and an amount in words from a 32-bit Python with pywin32: python paques.py [year]
+"""Easter and an amount in words from a Python with pywin32: python paques.py [year]
 
 The objects are late-bound: members are looked up by name at each call. A parameter by reference that the method
 changes comes back through a VARIANT.

@@ -18,7 +18,8 @@ class Cls_Multimedia {
 
     /// Closes the tray of the CD drive. Without a drive nothing happens.
     void FermerCD();
-    /// Opens the tray of the CD drive. A drive that another program is using stays closed.
+    /// Opens the tray of the CD drive. A drive that another program is using stays closed. On Linux a disc
+    /// that is mounted is unmounted before.
     void OuvrirCD();
 
     // Sound.

@@ -67,7 +67,9 @@ bool comesTrue(Condition&& condition) {
 /// A display of the test's own without a screen; `isThere` is false where this machine can't have one.
 class OwnDisplay {
   public:
-    OwnDisplay() : OwnDisplay(displayEnds()) {}
+    /// Further options are the server's own.
+    explicit OwnDisplay(std::vector<std::string> options = {})
+        : OwnDisplay(displayEnds(), std::move(options)) {}
     OwnDisplay(const OwnDisplay&) = delete;
     OwnDisplay& operator=(const OwnDisplay&) = delete;
     ~OwnDisplay() { unsetenv("DISPLAY"); }
@@ -77,16 +79,19 @@ class OwnDisplay {
     void end() { server_.end(); }
 
   private:
+    static std::vector<std::string> commandWith(std::vector<std::string> options) {
+        std::vector<std::string> command{"Xvfb", "-displayfd", "3", "-noreset",  "-nolisten",
+                                         "tcp",  "-screen",    "0", "800x600x24"};
+        command.insert(command.end(), options.begin(), options.end());
+        return command;
+    }
     static std::array<int, 2> displayEnds() {
         std::array<int, 2> ends{-1, -1};
         if (machineHas("Xvfb") && pipe(ends.data()) != 0) ends = {-1, -1};
         return ends;
     }
-    explicit OwnDisplay(const std::array<int, 2>& ends)
-        : server_(ends[1] < 0 ? std::vector<std::string>{"true"}
-                              : std::vector<std::string>{"Xvfb", "-displayfd", "3", "-noreset", "-nolisten",
-                                                         "tcp", "-screen", "0", "800x600x24"},
-                  ends[1]) {
+    OwnDisplay(const std::array<int, 2>& ends, std::vector<std::string> options)
+        : server_(ends[1] < 0 ? std::vector<std::string>{"true"} : commandWith(std::move(options)), ends[1]) {
         if (ends[1] < 0) return;
         close(ends[1]);
         std::string number;  // the server ends when it can't write the whole line

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <optional>
 #include <sys/sysmacros.h>
@@ -23,18 +22,12 @@ constexpr std::array<std::string_view, 9> networkFileSystems{
     "cifs", "smb3", "smbfs", "nfs", "nfs4", "fuse.sshfs", "fuse.davfs", "davfs", "9p"};
 constexpr std::array<std::string_view, 2> opticalFileSystems{"iso9660", "udf"};
 constexpr std::string_view letters = "DEFGHIJKLMNOPQRSTUVWXY";
-constexpr int mostDevices = 16;
 
 /// A volume that is to have a letter: what it is known by, and what is there now.
 struct Volume {
     std::string identity;
     Drive drive;
 };
-
-std::string contentOf(const std::string& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 bool isOneOf(const auto& names, std::string_view name) {
     return std::ranges::find(names, name) != std::end(names);
@@ -65,8 +58,8 @@ std::string deviceOf(const DriveSources& sources, const Mount& mount) {
 /// Of a partition, the disk that it is on tells.
 bool isRemovable(const DriveSources& sources, const Mount& mount) {
     const auto device = sources.blockDevices + '/' + deviceOf(sources, mount);
-    return contentOf(device + "/removable").starts_with('1') ||
-           contentOf(device + "/../removable").starts_with('1');
+    return kernelFile(device + "/removable").starts_with('1') ||
+           kernelFile(device + "/../removable").starts_with('1');
 }
 
 I4 typeOf(const DriveSources& sources, const Mount& mount) {
@@ -79,8 +72,10 @@ I4 typeOf(const DriveSources& sources, const Mount& mount) {
 std::string identityOf(const DriveSources& sources, const Mount& mount, I4 type) {
     if (type == driveTypes::remote) return "network:" + mount.source;
     if (type == driveTypes::ramDisk) return "memory:" + mount.folder;
-    const auto id = volumeId(sources, deviceOf(sources, mount));
-    return id.empty() ? "device:" + mount.source : "uuid:" + id;
+    const auto device = deviceOf(sources, mount);
+    if (const auto id = volumeId(sources, device); !id.empty()) return "uuid:" + id;
+    const auto hardware = hardwareId(sources, device);
+    return hardware.empty() ? "device:" + mount.source : "hardware:" + hardware;
 }
 
 /// Optical drives are known by themselves, whatever disc they hold; then come the mounts in the kernel's
@@ -88,13 +83,11 @@ std::string identityOf(const DriveSources& sources, const Mount& mount, I4 type)
 std::vector<Volume> volumes(const DriveSources& sources, const std::vector<Mount>& mounts) {
     std::vector<Volume> found;
     std::vector<std::string> opticalDevices;
-    for (int number = 0; number < mostDevices; ++number) {
-        const auto name = "sr" + std::to_string(number);
+    for (const auto& name : opticalDrives(sources)) {
         const auto device = sources.devices + '/' + name;
-        if (!factsOfTarget(device)) continue;
         const auto mount = std::ranges::find(mounts, device, &Mount::source);
         found.push_back(
-            {"optical:" + name, {0, driveTypes::cdRom, mount == mounts.end() ? "" : mount->folder}});
+            {"optical:" + name, {0, driveTypes::cdRom, mount == mounts.end() ? "" : mount->folder, {}}});
         opticalDevices.push_back(device);
     }
     for (const auto& mount : mounts) {
@@ -104,7 +97,7 @@ std::vector<Volume> volumes(const DriveSources& sources, const std::vector<Mount
         auto identity = identityOf(sources, mount, type);
         // A volume that is mounted twice has one letter.
         if (std::ranges::count(found, identity, &Volume::identity) > 0) continue;
-        found.push_back({std::move(identity), {0, type, mount.folder}});
+        found.push_back({std::move(identity), {0, type, mount.folder, deviceOf(sources, mount)}});
     }
     return found;
 }
@@ -161,7 +154,7 @@ void giveLetters(GivenLetters& given, std::vector<Volume>& found) {
 /// Where they can't be noted they hold for this once.
 void giveKeptLetters(const std::string& file, std::vector<Volume>& found) {
     if (found.empty()) return;
-    GivenLetters known(contentOf(file));
+    GivenLetters known(kernelFile(file));
     giveLetters(known, found);
     if (!known.hasNew()) return;
     std::error_code ignored;
@@ -187,26 +180,13 @@ std::vector<Drive> otherDrives(const DriveSources& sources) {
         const auto device = sources.devices + "/fd" + std::to_string(number);
         const auto facts = factsOfTarget(device);
         if (facts && S_ISBLK(facts->st_mode))
-            drives.push_back({static_cast<char>('A' + number), driveTypes::removable, {}});
+            drives.push_back({static_cast<char>('A' + number), driveTypes::removable, {}, {}});
     }
-    auto found = volumes(sources, readMountList(contentOf(sources.mountList)));
+    auto found = volumes(sources, readMountList(kernelFile(sources.mountList)));
     giveKeptLetters(sources.letters, found);
     for (auto& volume : found)
         if (volume.drive.letter != 0) drives.push_back(std::move(volume.drive));
     return drives;
-}
-
-std::string volumeId(const DriveSources& sources, const std::string& device) {
-    std::error_code ignored;
-    const auto folder = sources.devices + "/disk/by-uuid";
-    for (const auto& link : std::filesystem::directory_iterator(folder, ignored)) {
-        const auto facts = factsOfTarget(link.path());
-        if (!facts || !S_ISBLK(facts->st_mode)) continue;
-        const auto numbers =
-            std::to_string(major(facts->st_rdev)) + ':' + std::to_string(minor(facts->st_rdev));
-        if (numbers == device) return link.path().filename();
-    }
-    return {};
 }
 
 }  // namespace tovera

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "frame/values.h"
+#include "platform/linux/files/block_devices.h"
 
 // The drives of this system by letters. `C:` and `Z:` are folders; `A:` and `B:` floppy drives; from `D:` on
 // come optical drives, then what is mounted for users and from the network. A letter once given stays with
@@ -11,10 +12,8 @@
 namespace tovera {
 
 /// Where the facts of the machine stand, and where the given letters are kept.
-struct DriveSources {
+struct DriveSources : DeviceFolders {
     std::string mountList = "/proc/self/mountinfo";
-    std::string devices = "/dev";
-    std::string blockDevices = "/sys/dev/block";
     std::string letters;  ///< a file of the user; its folder need not exist yet
 };
 
@@ -22,6 +21,7 @@ struct Drive {
     char letter = 0;     ///< a capital
     I4 type = 0;         ///< one of the drive types
     std::string folder;  ///< without a slash at its end; empty for a drive with nothing in it
+    std::string device;  ///< the numbers of what it lies on ("8:1"); empty where that isn't known by itself
 };
 
 /// The sources of this machine.
@@ -29,8 +29,5 @@ DriveSources machineDrives();
 
 /// The drives beside `C:` and `Z:`.
 std::vector<Drive> otherDrives(const DriveSources& sources = machineDrives());
-
-/// The UUID of what is on the device with these numbers ("8:1"); empty for none.
-std::string volumeId(const DriveSources& sources, const std::string& device);
 
 }  // namespace tovera

@@ -28,9 +28,9 @@ std::optional<Drive> driveOf(std::string_view rootPath) {
     if (letter == 0) return std::nullopt;
     if (letter == 'C') {
         makeWindowsFolders();
-        return Drive{letter, driveTypes::fixed, driveC()};
+        return Drive{letter, driveTypes::fixed, driveC(), {}};
     }
-    if (letter == 'Z') return Drive{letter, driveTypes::fixed, "/"};
+    if (letter == 'Z') return Drive{letter, driveTypes::fixed, "/", {}};
     const auto drives = otherDrives();
     const auto found = std::ranges::find(drives, letter, &Drive::letter);
     return found == drives.end() ? std::nullopt : std::optional(*found);
@@ -55,7 +55,9 @@ class LinuxDrives : public Drives {
         if (!drive || drive->folder.empty()) return 0;
         const auto facts = factsOfTarget(drive->folder);
         if (!facts) return 0;
-        const auto device = std::to_string(major(facts->st_dev)) + ':' + std::to_string(minor(facts->st_dev));
+        const auto device = !drive->device.empty() ? drive->device
+                                                   : std::to_string(major(facts->st_dev)) + ':' +
+                                                         std::to_string(minor(facts->st_dev));
         const auto id = volumeId(machineDrives(), device);
         serialNumber = id.empty() ? fileSystemId(drive->folder) : serialOf(id);
         longestName = longest;

@@ -35,7 +35,8 @@ bool isOctal(std::string_view digits) {
 
 /// Blanks, line ends and backslashes stand in a field as a backslash and three octal digits.
 std::string unescaped(std::string_view field) {
-    std::string text;
+    std::string text(field.substr(0, field.find('\\')));
+    field.remove_prefix(text.size());
     while (!field.empty()) {
         const auto digits = field.substr(1, 3);
         if (field.front() == '\\' && isOctal(digits)) {

@@ -1,36 +1,62 @@
 #include "platform/linux/sound/tray.h"
 
+#include <array>
 #include <cerrno>
 #include <fcntl.h>
 #include <linux/cdrom.h>
+#include <spawn.h>
 #include <sys/ioctl.h>
+#include <sys/sysmacros.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "platform/linux/files/file_descriptor.h"
 #include "platform/linux/files/file_facts.h"
+#include "platform/linux/files/mount_list.h"
 #include "platform/linux/sound/mci_command.h"
 
 namespace tovera {
 namespace {
 
-constexpr int mostDrives = 16;
+std::vector<std::string> foldersOn(const std::string& drive, const std::string& mountList) {
+    const auto facts = factsOfTarget(drive);
+    if (!facts || !S_ISBLK(facts->st_mode)) return {};
+    const auto device = std::to_string(major(facts->st_rdev)) + ':' + std::to_string(minor(facts->st_rdev));
+    std::vector<std::string> folders;
+    for (auto& mount : readMountList(kernelFile(mountList)))
+        if (mount.device == device) folders.push_back(std::move(mount.folder));
+    return folders;
+}
 
-std::string firstDrive(const std::string& devices) {
-    for (int number = 0; number < mostDrives; ++number) {
-        auto path = devices + "/sr" + std::to_string(number);
-        if (factsOfTarget(path)) return path;
+/// By the system's own program. It may do so for a user where this process may not, and asks the service that
+/// has mounted the disc for the desktop.
+void unmount(std::string folder) {
+    posix_spawn_file_actions_t silence;
+    posix_spawn_file_actions_init(&silence);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        posix_spawn_file_actions_addopen(&silence, stream, "/dev/null", O_RDWR, 0);
+    std::string program = "umount";
+    std::string endOfOptions = "--";
+    const std::array<char*, 4> words{program.data(), endOfOptions.data(), folder.data(), nullptr};
+    pid_t process = 0;
+    const bool runs = posix_spawnp(&process, program.c_str(), &silence, nullptr, words.data(), environ) == 0;
+    posix_spawn_file_actions_destroy(&silence);
+    while (runs && waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
     }
-    return {};
 }
 
 }  // namespace
 
-I4 moveTray(bool open, const std::string& devices, const DriveRequest& request) {
-    const auto path = firstDrive(devices);
-    if (path.empty()) return mci::noSuchDevice;
+I4 moveTray(bool open, const OpticalDrives& drives) {
+    const auto names = opticalDrives(drives.folders);
+    if (names.empty()) return mci::noSuchDevice;
+    const auto path = drives.folders.devices + '/' + names.front();
+    if (open)
+        for (const auto& folder : foldersOn(path, drives.mountList)) unmount(folder);
     const FileDescriptor drive(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_EXCL | O_CLOEXEC));
     if (!drive.isOpen()) return mci::notReady;
     const auto send = [&](unsigned long command) {
-        return request ? request(drive.get(), command) : ioctl(drive.get(), command, 0);
+        return drives.request ? drives.request(drive.get(), command) : ioctl(drive.get(), command, 0);
     };
     if (!open) return send(CDROMCLOSETRAY) == 0 ? mci::success : mci::notReady;
     send(CDROM_LOCKDOOR);

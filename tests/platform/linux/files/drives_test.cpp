@@ -26,7 +26,8 @@ struct Machine : ::testing::Test {
     }
 
     UserFolder user;
-    DriveSources sources{user.onC("mounts"), user.onC("dev"), user.onC("block"), user.onC("neuf/drives")};
+    DriveSources sources{
+        {user.onC("dev"), user.onC("block"), user.onC("cdrom")}, user.onC("mounts"), user.onC("neuf/drives")};
 };
 
 TEST(MountList, FieldsAndEscapes) {
@@ -57,6 +58,7 @@ TEST_F(Machine, LettersStayWithTheirVolumes) {
            "8:33 / /mnt/disque rw - ext4 /dev/sdc1 rw"});
     EXPECT_EQ(drives(), "D2/media/u/CLE E4/home/u/serveur F6/mnt/ram G3/mnt/disque ");
     user.makeFile("dev/sr0");
+    user.makeFile("cdrom", "drive name:\tsr0\n");
     mount({share});
     EXPECT_EQ(drives(), "H5 E4/home/u/serveur ") << "an empty optical drive has a letter";
     mount({disc, usb, usb, share});
@@ -69,6 +71,48 @@ TEST_F(Machine, LettersStayWithTheirVolumes) {
     EXPECT_EQ(otherDrives(sources).size(), 18U) << "the absent volumes keep theirs";
     mount({usb});
     EXPECT_EQ(drives(), "H5 D2/media/u/CLE ");
+}
+
+/// A FAT12 volume as far as it takes to know it by.
+std::string fatVolume(std::uint32_t serial) {
+    std::string bytes = "\xEB\x3C\x90mkfs.fat";
+    const auto append = [&](std::uint32_t number, std::size_t size) {
+        bytes.append(reinterpret_cast<const char*>(&number), size);
+    };
+    // Sector, cluster, reserved, tables, entries of the root, sectors, medium, sectors of a table, geometry.
+    for (const auto& [number, size] :
+         std::initializer_list<std::pair<std::uint32_t, std::size_t>>{{512, 2},
+                                                                      {1, 1},
+                                                                      {1, 2},
+                                                                      {2, 1},
+                                                                      {224, 2},
+                                                                      {2880, 2},
+                                                                      {0xF0, 1},
+                                                                      {9, 2},
+                                                                      {18, 2},
+                                                                      {2, 2},
+                                                                      {0, 4},
+                                                                      {0, 4},
+                                                                      {0, 2},
+                                                                      {0x29, 1},
+                                                                      {serial, 4}})
+        append(number, size);
+    bytes += "NO NAME    FAT12   ";
+    bytes.resize(510);
+    return bytes + "\x55\xAA\xF0\xFF\xFF" + std::string(1474048, '\0');
+}
+
+TEST_F(Machine, VolumesThatNobodyHasNotedAreReadThemselves) {
+    user.makeFile("block/8:17/uevent", "MAJOR=8\nDEVNAME=sdb1\nDEVTYPE=partition\n");
+    EXPECT_EQ(volumeId(sources, "8:17"), "");
+    user.makeFile("dev/sdb1", "no file system");
+    EXPECT_EQ(volumeId(sources, "8:17"), "");
+    user.makeFile("dev/sdb1", fatVolume(0xCAFE1234));
+    EXPECT_EQ(volumeId(sources, "8:17"), "CAFE-1234");
+    EXPECT_EQ(volumeId(sources, "8:18"), "");
+    mount({"8:17 / /media/u/CLE rw - vfat /dev/sdb1 rw"});
+    EXPECT_EQ(drives(), "D3/media/u/CLE ");
+    EXPECT_EQ(contentOf(sources.letters), "D uuid:CAFE-1234\n");
 }
 
 TEST(Drives, OfThisMachine) {

@@ -141,6 +141,26 @@ TEST_F(FileOperations, RenameNeverOverwrites) {
     EXPECT_FALSE(std::filesystem::exists(user.onC("d")));
 }
 
+TEST_F(FileOperations, NumbersAreReadFromFilesAlone) {
+    user.makeFile("clos.wav", "\x01\x02");
+    user.makeFile("lire.wav", "\x01\x02");
+    chmod(user.onC("clos.wav").c_str(), 0);
+    chmod(user.onC("lire.wav").c_str(), 0444);
+    chmod(user.onC("../..").c_str(), 0755);
+    mkfifo(user.onC("tuyau.wav").c_str(), 0600);
+    std::filesystem::create_directory(user.onC("dossier.wav"));
+    const auto errorFor = [&](const std::string& name) {
+        I2 number = 0;
+        const auto error = errorOf([&] { homeFiles().readI2(Bstr(fromUtf8(user.onC(name))), 1, number); });
+        EXPECT_EQ(number, error == 0 ? 0x201 : 0) << name;
+        return error;
+    };
+    EXPECT_EQ(errorFor("tuyau.wav"), 75) << "a pipe would hold its reader";
+    EXPECT_EQ(errorFor("dossier.wav"), 75);
+    EXPECT_TRUE(
+        succeedsForOthers([&] { return errorFor("clos.wav") == 70 && errorFor("lire.wav") == 0 ? 0 : 1; }));
+}
+
 TEST_F(FileOperations, RenameMovesToAnotherFileSystem) {
     const TemporaryDisk disk("1m");
     if (!disk.isThere) GTEST_SKIP() << "no second file system";

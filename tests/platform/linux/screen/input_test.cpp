@@ -28,7 +28,11 @@ struct InputOnDisplay : ::testing::Test {
         return states[key];
     }
 
-    OwnDisplay server;
+    /// What the screen shows, with the cursor drawn into it.
+    std::string picture() { return contentOf(folder / "Xvfb_screen0"); }
+
+    TemporaryFolder folder;
+    OwnDisplay server{{"-fbdir", folder.path()}};
     Cls_SourisClv object;
 };
 
@@ -39,6 +43,11 @@ TEST_F(InputOnDisplay, PointerMovesAndIsFound) {
         I4 foundY = -1;
         EXPECT_NE(object.SourisPosition(foundX, foundY), 0);
         EXPECT_EQ(std::pair(foundX, foundY), std::pair(I4{x}, I4{y}));
+        if (machineHas("xdotool")) {
+            EXPECT_TRUE(succeeds("xdotool getmouselocation | grep '^x:" + std::to_string(x) +
+                                 " y:" + std::to_string(y) + " '"))
+                << "another client finds it there";
+        }
     }
 }
 
@@ -48,6 +57,31 @@ TEST_F(InputOnDisplay, ButtonsSwapOnce) {
     EXPECT_EQ(port.SwapMouseButton(-1), 1) << "swapped twice is swapped still";
     EXPECT_EQ(port.SwapMouseButton(0), 1);
     EXPECT_EQ(port.SwapMouseButton(0), 0);
+}
+
+TEST_F(InputOnDisplay, ClicksArriveSwapped) {
+    for (const auto* const program : {"xev", "xdotool"})
+        if (!machineHas(program)) GTEST_SKIP() << program << " isn't installed";
+    const auto events = folder / "events";
+    const RunningProgram other({"sh", "-c", "exec xev -root -event button >" + events});
+    const auto clickOf = [&](const std::string& physicalButton) {
+        const auto before = contentOf(events).size();
+        std::string seen;
+        for (int tries = 0; tries < 10 && seen.empty(); ++tries) {  // until the other client listens
+            EXPECT_TRUE(succeeds("xdotool click " + physicalButton));
+            for (int i = 0; i < 50 && seen.find("ButtonRelease") == seen.npos; ++i) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(10));
+                seen = contentOf(events).substr(before);
+            }
+        }
+        return seen.substr(std::min(seen.find(", button "), seen.size() - 1), 10);
+    };
+    EXPECT_EQ(clickOf("1"), ", button 1");
+    object.SourisBoutonInverser();
+    EXPECT_EQ(clickOf("1"), ", button 3");
+    EXPECT_EQ(clickOf("3"), ", button 1");
+    object.SourisBoutonOrigine();
+    EXPECT_EQ(clickOf("3"), ", button 3");
 }
 
 TEST_F(InputOnDisplay, LockKeysAreTheDisplaysOwn) {
@@ -88,6 +122,22 @@ TEST_F(InputOnDisplay, CursorCounts) {
     EXPECT_EQ(port.ShowCursor(0), -2);
     EXPECT_EQ(port.ShowCursor(-1), -1);
     EXPECT_EQ(port.ShowCursor(-1), 0);
+}
+
+TEST_F(InputOnDisplay, CursorIsDrawnWhileItIsShown) {
+    if (!machineHas("xsetroot")) GTEST_SKIP() << "xsetroot isn't installed";
+    object.SourisPositionner(400, 300);
+    const auto empty = picture();
+    ASSERT_TRUE(succeeds("xsetroot -cursor_name left_ptr"));  // no server draws one before a client has
+    ASSERT_TRUE(comesTrue([&] { return picture() != empty; }));
+    const auto shown = picture();
+    object.SourisMasquer();
+    EXPECT_TRUE(comesTrue([&] { return picture() == empty; })) << "its pixels are gone";
+    object.SourisMasquer();
+    object.SourisAfficher();
+    EXPECT_EQ(picture(), empty) << "hidden twice";
+    object.SourisAfficher();
+    EXPECT_TRUE(comesTrue([&] { return picture() == shown; })) << "and they are back";
 }
 
 TEST_F(InputOnDisplay, ServerThatGoesAway) {

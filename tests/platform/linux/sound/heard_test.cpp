@@ -21,13 +21,15 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int rate = 44100;
+constexpr double loudness = 20000;
+constexpr double levelOfTone = loudness / std::numbers::sqrt2;
 
 std::string wavOf(double seconds) {
     const auto frames = static_cast<std::uint32_t>(seconds * rate);
     std::string data;
     for (std::uint32_t i = 0; i < frames; ++i) {
         const auto sample =
-            static_cast<std::int16_t>(20000 * std::sin(2 * std::numbers::pi * 440 * i / rate));
+            static_cast<std::int16_t>(loudness * std::sin(2 * std::numbers::pi * 440 * i / rate));
         data.append(reinterpret_cast<const char*>(&sample), sizeof sample);
     }
     const auto number = [](std::uint32_t value, std::size_t size) {
@@ -58,7 +60,7 @@ struct Heard : ::testing::Test {
         runtime.empty() ? unsetenv("XDG_RUNTIME_DIR") : setenv("XDG_RUNTIME_DIR", runtime.c_str(), 1);
     }
 
-    /// Records while work runs; the seconds from the first to the last audible sample.
+    /// Records while work runs; the seconds from the first to the last audible sample, whose level is kept.
     template <class Work>
     double secondsHeard(Work&& work) {
         const auto file = folder / "heard.raw";
@@ -74,6 +76,14 @@ struct Heard : ::testing::Test {
         const auto isLoud = [](int sample) { return std::abs(sample) > 2000; };
         const auto first = std::ranges::find_if(samples, isLoud);
         const auto last = std::find_if(samples.rbegin(), samples.rend(), isLoud);
+        double squares = 0;
+        int heard = 0;  // a busy machine leaves gaps between
+        for (const double sample : samples) {
+            if (std::abs(sample) < loudness / 50) continue;
+            squares += sample * sample;
+            ++heard;
+        }
+        level = heard > 0 ? std::sqrt(squares / heard) : 0;
         return first == samples.end() ? 0 : static_cast<double>(last.base() - first) / rate;
     }
     static bool ends() {
@@ -84,6 +94,7 @@ struct Heard : ::testing::Test {
         return Bstr(fromUtf8(folder / name));
     }
 
+    double level = 0;
     const char* const before = std::getenv("XDG_RUNTIME_DIR");
     std::string runtime = before ? before : "";
     TemporaryFolder folder;
@@ -99,6 +110,7 @@ TEST_F(Heard, AWavPlaysToItsEnd) {
         EXPECT_TRUE(homeSound().isPlaying()) << "the call returns at once";
         EXPECT_TRUE(ends());
     });
+    EXPECT_NEAR(level, levelOfTone, levelOfTone / 20);
     EXPECT_GT(seconds, 0.9);
     EXPECT_LT(seconds, 3.0);
 }
@@ -122,6 +134,7 @@ TEST_F(Heard, AnMp3GoesOnWhereItWasStopped) {
         object.JouerMP3();
         EXPECT_TRUE(ends());
     });
+    EXPECT_NEAR(level, levelOfTone, levelOfTone / 10);
     EXPECT_GT(first, 0.2);
     EXPECT_GT(rest, 0.2);
     EXPECT_GT(first + rest, 1.7);

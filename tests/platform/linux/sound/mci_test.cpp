@@ -1,5 +1,6 @@
 #include "platform/linux/sound/mci.h"
 
+#include <future>
 #include <gtest/gtest.h>
 #include <linux/cdrom.h>
 
@@ -65,6 +66,68 @@ TEST(Mci, RefusesWhatDoesNotFit) {
     EXPECT_FALSE(mci.isPlaying());
 }
 
+/// A player that tells what it was told.
+struct ScriptedPlayer : Player {
+    explicit ScriptedPlayer(std::string& told) : told_(told) {}
+    ~ScriptedPlayer() override { told_ += "closed "; }
+    void play() override { told_ += "play ", playing_ = true; }
+    void stop() override { told_ += "stop ", playing_ = false; }
+    bool isPlaying() const override { return playing_; }
+
+  private:
+    std::string& told_;
+    bool playing_ = false;
+};
+
+TEST(Mci, TellsItsPlayers) {
+    std::string told;
+    Mci mci([&](const std::string& file, AtEnd atEnd, I4& code) -> std::unique_ptr<Player> {
+        told += file + (atEnd == AtEnd::Closes ? " once " : " open ");
+        code = file == "bad.mp3" ? mci::cannotBeOpened : mci::success;
+        return code ? nullptr : std::make_unique<ScriptedPlayer>(told);
+    });
+    const std::tuple<const char*, I4, const char*> rows[] = {
+        {"Open bad.mp3 Alias Sonido", 277, "bad.mp3 open "},
+        {"Open a.mp3 Alias Sonido", 0, "a.mp3 open "},
+        {"Open b.mp3 Alias SONIDO", 289, ""},
+        {"Play sonido", 0, "play "},
+        {"Stop sonido", 0, "stop "},
+        {"Play sonido", 0, "play "},
+        {"play a.wav", 0, "a.wav once play "},
+        {"Close sonido", 0, "stop closed "},
+        {"Close sonido", 263, ""},
+        {"Play sonido", 281, ""}};
+    for (const auto& [command, code, expected] : rows) {
+        told.clear();
+        EXPECT_EQ(mci.send(command), code) << command;
+        EXPECT_EQ(told, expected) << command;
+    }
+    EXPECT_TRUE(mci.isPlaying());
+}
+
+TEST(Mci, AFileThatIsSlowHoldsUpNobodyElse) {
+    std::string told;
+    std::promise<void> isBegun;
+    std::promise<void> isReady;
+    Mci mci([&](const std::string& file, AtEnd, I4& code) {
+        if (file == "slow.mp3") {
+            isBegun.set_value();
+            isReady.get_future().wait();
+        }
+        code = mci::success;
+        return std::make_unique<ScriptedPlayer>(told);
+    });
+    auto slow = std::async(std::launch::async, [&] { return mci.send("open slow.mp3 alias sonido"); });
+    isBegun.get_future().wait();
+    auto other = std::async(std::launch::async, [&] {
+        return mci.send("open quick.mp3 alias sonido") + mci.send("play sonido") + (mci.isPlaying() ? 0 : 1);
+    });
+    EXPECT_EQ(other.wait_for(std::chrono::seconds(5)), std::future_status::ready);
+    isReady.set_value();
+    EXPECT_EQ(other.get(), 0);
+    EXPECT_EQ(slow.get(), 289) << "the name has gone to the first that was ready";
+}
+
 TEST(Tray, RequestsInTheirOrder) {
     UserFolder user;
     std::vector<unsigned long> sent;
@@ -74,13 +137,19 @@ TEST(Tray, RequestsInTheirOrder) {
         sent.push_back(request);
         return answer;
     };
-    EXPECT_EQ(moveTray(true, user.onC("dev"), record), 263);
-    user.makeFile("dev/sr1");
-    EXPECT_EQ(moveTray(true, user.onC("dev"), record), 0);
-    EXPECT_EQ(moveTray(false, user.onC("dev"), record), 0);
+    const OpticalDrives drives{
+        {user.onC("dev"), user.onC("block"), user.onC("cdrom")}, user.onC("mounts"), record};
+    EXPECT_EQ(moveTray(true, drives), 263);
+    user.makeFile("cdrom", "CD-ROM information, Id: x\n\ndrive name:\t\tsr10\tsr2\tsr1\ndrive speed:\t24\n");
+    EXPECT_EQ(moveTray(true, drives), 263) << "drives that this process doesn't see";
+    user.makeFile("dev/sr10");
+    user.makeFile("dev/sr2");
+    EXPECT_EQ(opticalDrives(drives.folders), (std::vector<std::string>{"sr2", "sr10"}));
+    EXPECT_EQ(moveTray(true, drives), 0);
+    EXPECT_EQ(moveTray(false, drives), 0);
     EXPECT_EQ(sent, (std::vector<unsigned long>{CDROM_LOCKDOOR, CDROMEJECT, CDROMCLOSETRAY}));
     answer = -1;
-    EXPECT_EQ(moveTray(true, user.onC("dev"), record), 276);
+    EXPECT_EQ(moveTray(true, drives), 276);
 }
 
 TEST(SoundDevices, OfTheKernelWithoutAServer) {
