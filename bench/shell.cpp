@@ -44,7 +44,7 @@ std::vector<Row> pathRows() {
 }
 
 std::vector<Row> launchRows() {
-    return {{"start a program",
+    return {{"launch a program",
              loopOf([] { return launchCommand("/bin/true"); }),
              {"g_spawn_async", loopIfInstalled(glibSpawn, std::string("/bin/true"))},
              1},
