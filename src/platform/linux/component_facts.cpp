@@ -10,12 +10,9 @@
 #include "platform/linux/files/file_facts.h"
 #include "platform/linux/files/path_text.h"
 #include "platform/linux/files/paths.h"
-#include "platform/linux/screen/screen_size.h"
 
 namespace tovera {
 namespace {
-
-constexpr I4 twipsPerPixel = 15;  // of 1440 an inch, with 96 pixels an inch
 
 /// The file that this code has been loaded from: the library, or the program that it is part of.
 std::filesystem::path ownFile() {
@@ -44,14 +41,9 @@ std::u16string componentFolder(const std::string& ownFolder, const std::string& 
 
 ComponentFacts componentFacts() {
     const auto file = ownFile();
-    const auto screen = screenSize();
     ComponentFacts facts;
     facts.fileName = fromUtf8(file.stem().string());
     facts.folder = componentFolder(file.parent_path().string(), homeFolder());
-    facts.twipsPerPixelX = twipsPerPixel;
-    facts.twipsPerPixelY = twipsPerPixel;
-    facts.screenWidthTwips = screen.width * twipsPerPixel;
-    facts.screenHeightTwips = screen.height * twipsPerPixel;
     return facts;
 }
 

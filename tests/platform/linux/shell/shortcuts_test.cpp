@@ -32,6 +32,7 @@ struct LinuxShortcuts : ::testing::Test {
     std::filesystem::path before = std::filesystem::current_path();
     struct : TestServices {
         ComponentFacts facts() override { return home().services.facts(); }
+        ScreenFacts screen() override { return home().services.screen(); }
         std::string toAnsi(std::u16string_view text) override { return home().services.toAnsi(text); }
         std::u16string fromAnsi(std::string_view bytes) override { return home().services.fromAnsi(bytes); }
     } services;
