@@ -95,6 +95,8 @@ struct GioLibrary {
         gio, "g_dbus_connection_signal_subscribe"};
     Bound<decltype(g_dbus_connection_signal_unsubscribe)> dbus_connection_signal_unsubscribe{
         gio, "g_dbus_connection_signal_unsubscribe"};
+    Bound<decltype(g_dbus_connection_is_closed)> dbus_connection_is_closed{gio,
+                                                                           "g_dbus_connection_is_closed"};
     Bound<decltype(g_dbus_connection_close_sync)> dbus_connection_close_sync{gio,
                                                                              "g_dbus_connection_close_sync"};
     Bound<decltype(g_unix_fd_list_new)> unix_fd_list_new{gio, "g_unix_fd_list_new"};

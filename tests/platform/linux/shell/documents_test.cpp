@@ -1,9 +1,6 @@
-#include <sys/socket.h>
-#include <sys/un.h>
-
 #include "frame/utf8.h"
+#include "platform/linux/answering_display.h"
 #include "platform/linux/child_process.h"
-#include "platform/linux/own_desktop.h"
 #include "platform/linux/shell/dialogs.h"
 #include "platform/linux/shell/folder_picker.h"
 #include "shell/cls_windows.h"
@@ -120,22 +117,6 @@ TEST(LinuxFolders, SpecialOnesAreTheUsersOwn) {
     folder(0x8000 + 39);
     EXPECT_TRUE(std::filesystem::is_directory(desktop / "Pictures"));
 }
-
-/// A display that only answers, which is all that the choice of a dialog looks at.
-struct AnsweringDisplay {
-    explicit AnsweringDisplay(OwnDesktop& desktop) : listener(socket(AF_UNIX, SOCK_STREAM, 0)) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        const auto path = desktop / "run/wayland-9";
-        path.copy(address.sun_path, path.size());
-        const auto* const place = reinterpret_cast<const sockaddr*>(&address);
-        isThere = bind(listener, place, sizeof address) == 0 && listen(listener, 50) == 0;
-        desktop.variables.set("WAYLAND_DISPLAY", "wayland-9");
-    }
-    ~AnsweringDisplay() { close(listener); }
-    int listener;
-    bool isThere = false;
-};
 
 /// What the services show for a text, in a process without a terminal: on standard error.
 std::string shownOnError(const OwnDesktop& desktop, std::u16string_view text) {
