@@ -23,6 +23,13 @@ std::filesystem::path ownFile() {
     return file.has_extension() ? file : std::filesystem::read_symlink("/proc/self/exe", ignored);
 }
 
+/// One folder may have several names.
+std::string withoutLinks(const std::string& folder) {
+    std::error_code failure;
+    const auto found = std::filesystem::weakly_canonical(folder, failure);
+    return failure ? folder : found.string();
+}
+
 bool isOwnAlone(const std::string& folder) {
     const auto facts = factsOf(folder);
     return facts && S_ISDIR(facts->st_mode) && facts->st_uid == geteuid() &&
@@ -32,8 +39,9 @@ bool isOwnAlone(const std::string& folder) {
 }  // namespace
 
 std::u16string componentFolder(const std::string& ownFolder, const std::string& homeFolder) {
-    if (ownFolder != homeFolder && isBelow(ownFolder, homeFolder) && isOwnAlone(ownFolder))
-        return fromUtf8(ownFolder);
+    const auto own = withoutLinks(ownFolder);
+    const auto home = withoutLinks(homeFolder);
+    if (own != home && isBelow(own, home) && isOwnAlone(own)) return fromUtf8(own);
     makeWindowsFolders();
     chmod(foundHostPath(systemFolder).c_str(), S_IRWXU);
     return std::u16string(systemFolder);

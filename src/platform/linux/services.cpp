@@ -48,10 +48,10 @@ class LinuxServices : public Services {
     void pumpMessages() override;
 };
 
-I4 LinuxServices::messageBox(const Bstr& text, I4 /*flags*/, const Bstr& title) {
+I4 LinuxServices::messageBox(const Bstr& text, I4 flags, const Bstr& title) {
     constexpr I4 okButton = 1;
     const bool hasTerminal = isTerminal(StandardStream::Input) && isTerminal(StandardStream::Error);
-    if (!hasTerminal && !isTerminalsProgram() && showInDialog(text, title)) return okButton;
+    if (!hasTerminal && !isTerminalsProgram() && showInDialog(text, title, flags)) return okButton;
     std::cout.flush();
     std::cerr << '[' << toUtf8(title) << "] " << toUtf8(text) << std::endl;
     if (hasTerminal) {

@@ -55,6 +55,14 @@ std::vector<xcb_window_t> allWindows(XDisplay& display) {
     return windows;
 }
 
+/// What users have opened, as the window manager tells it.
+std::vector<xcb_window_t> windowsFromTheTop(XDisplay& display) {
+    const auto stack = display.atom("_NET_CLIENT_LIST_STACKING");
+    auto windows = display.numbers(display.askProperty(display.root(), stack, XCB_ATOM_WINDOW));
+    std::ranges::reverse(windows);
+    return windows;
+}
+
 xcb_window_t transientFor(XDisplay& display, xcb_window_t window) {
     const auto owner =
         display.numbers(display.askProperty(window, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW));
@@ -84,10 +92,13 @@ std::u16string titleOf(XDisplay& display, xcb_window_t window) {
     return readTitle(display, askTitle(display, window));
 }
 
+xcb_window_t topWindow(XDisplay& display) {
+    const auto windows = windowsFromTheTop(display);
+    return windows.empty() ? xcb_window_t{0} : windows[0];
+}
+
 xcb_window_t windowTitled(XDisplay& display, std::string_view ansiTitle) {
-    const auto stack = display.atom("_NET_CLIENT_LIST_STACKING");
-    auto windows = display.numbers(display.askProperty(display.root(), stack, XCB_ATOM_WINDOW));
-    std::ranges::reverse(windows);
+    const auto windows = windowsFromTheTop(display);
     std::vector<TitleRequest> asked;
     for (const auto window : windows) asked.push_back(askTitle(display, window));
     xcb_window_t found = 0;

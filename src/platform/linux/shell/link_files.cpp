@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "frame/failure_marks.h"
 #include "frame/utf8.h"
 #include "platform/linux/files/file_errors.h"
 #include "platform/linux/files/file_facts.h"
@@ -77,14 +78,20 @@ class FilesWithLinks : public LinuxFiles {
         if (!twin.empty()) unlink(twin.c_str());
     }
     void rename(const Bstr& oldPath, const Bstr& newPath) override {
-        const auto twin = markedTwinOf(foundHostPath(oldPath));
+        const auto from = foundHostPath(oldPath);
+        const auto twin = markedTwinOf(from);
         const auto to = hostPath(newPath);
-        if (!twin.empty() && isLinkName(to)) expectFreePlace(foundPath(to));
+        const bool goesAlong = !twin.empty() && isLinkName(to);
+        const bool keepsItsName = goesAlong && entryBeside(foundPath(to)) == twin;
+        if (goesAlong && !keepsItsName) expectFreePlace(foundPath(to));
         LinuxFiles::rename(oldPath, newPath);
-        if (twin.empty()) return;
-        unlink(twin.c_str());
-        const auto link = foundHostPath(newPath);
-        if (isLinkName(link)) writeTwin(link);
+        try {
+            if (goesAlong) writeTwin(foundHostPath(newPath));
+        } catch (...) {
+            FailuresIgnored()([&] { LinuxFiles::rename(newPath, Bstr(fromUtf8(from))); });
+            throw;
+        }
+        if (!twin.empty() && !keepsItsName) unlink(twin.c_str());
     }
 };
 

@@ -14,6 +14,7 @@
 #include "platform/linux/files/file_url.h"
 #include "platform/linux/shell/portal_dialog.h"
 #include "platform/linux/shell/programs.h"
+#include "platform/linux/shell/spawn_settings.h"
 #include "platform/program_streams.h"
 
 namespace tovera {
@@ -55,12 +56,21 @@ void flushBus() {
     if (bus) gio().dbus_connection_flush_sync(bus.get(), nullptr, GioError().out());
 }
 
+using LaunchContext = GioOwned<GAppLaunchContext>;
+
+/// The host's environment without what belongs to the host's own start.
+LaunchContext contextForOthers() {
+    LaunchContext context(gio().app_launch_context_new());
+    for (const auto* const own : ownStartVariables) gio().app_launch_context_unsetenv(context.get(), own);
+    return context;
+}
+
 bool launch(GAppInfo* app, const std::string& target) {
     std::string address = target;
     const auto file = isAddress(target) ? nullptr : fileOf(target);
     GList targets{file ? static_cast<void*>(file.get()) : address.data(), nullptr, nullptr};
     const auto start = file ? gio().app_info_launch.address() : gio().app_info_launch_uris.address();
-    const bool started = start(app, &targets, nullptr, GioError().out()) != 0;
+    const bool started = start(app, &targets, contextForOthers().get(), GioError().out()) != 0;
     if (started) flushBus();
     return started;
 }
@@ -118,7 +128,8 @@ bool openByDesktop(const std::string& target) {
 bool startProgramFor(const std::string& type) {
     if (!gio().gio.isPresent()) return false;
     const auto app = appFor(type);
-    const bool isStarted = app && gio().app_info_launch(app.get(), nullptr, nullptr, GioError().out()) != 0;
+    const bool isStarted =
+        app && gio().app_info_launch(app.get(), nullptr, contextForOthers().get(), GioError().out()) != 0;
     if (isStarted) flushBus();
     return isStarted;
 }

@@ -22,18 +22,6 @@ struct Report {
     int error = ECHILD;
 };
 
-/// What the program gets: the host's environment without what belongs to the host's own start.
-std::vector<char*> environmentForOthers() {
-    std::vector<char*> kept;
-    for (char** variable = environ; *variable; ++variable) {
-        const std::string_view text = *variable;
-        if (!text.starts_with("DESKTOP_STARTUP_ID=") && !text.starts_with("XDG_ACTIVATION_TOKEN="))
-            kept.push_back(*variable);
-    }
-    kept.push_back(nullptr);
-    return kept;
-}
-
 bool readWhole(const FileDescriptor& from, void* target, std::size_t size) {
     ssize_t count = 0;
     do count = read(from.get(), target, size);

@@ -112,6 +112,7 @@ TEST_F(LinuxWindows, ByTitleFromTheTop) {
     for (const auto* const other : {"M\xEAme", "m\xEAme titre", ""})
         EXPECT_EQ(port.FindWindowA(none, {other}), 0);
     EXPECT_EQ(port.FindWindowA({"Other"}, {""}), 0);
+    EXPECT_EQ(port.FindWindowA(none, none), numberOf(foreign)) << "any";
 }
 
 TEST_F(LinuxWindows, PanelsAreHiddenAndComeBack) {

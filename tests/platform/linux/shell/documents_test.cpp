@@ -38,6 +38,15 @@ TEST_F(LinuxDocuments, AreOpenedByTheDesktopsProgram) {
     EXPECT_EQ(run("TrouveExecutable(\"" + program + "\")"), program + "\n") << "a program is its own";
     EXPECT_EQ(run("ExecuteFichier(\"C:\\un texte.txt\")"), program + " C:\\un texte.txt\n");
     EXPECT_EQ(desktop.record(), "[lecteur][--entry][" + onC("un texte.txt") + "]\n") << "as its entry says";
+    // What tells of the host's own start stays with the host, also where the desktop's library starts it.
+    std::ofstream(desktop / "bin/lecteur")
+        << "#!/bin/sh\n"
+           "echo \"${DESKTOP_STARTUP_ID-none}${XDG_ACTIVATION_TOKEN-none}\" "
+           ">\"$TOVERA_RECORD\"\n";
+    for (const auto* const own : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"})
+        desktop.variables.set(own, "mine");
+    run("ExecuteFichier(\"C:\\un texte.txt\")");
+    EXPECT_EQ(desktop.record(), "nonenone\n");
     const std::pair<const char*, const char*> failures[] = {{"C:\\aucun.txt", "Fichier non trouvé\n"},
                                                             {"C:\\aucun\\a.txt", "Répertoire non trouvé\n"},
                                                             {"C:\\octets", "no association\n"},
@@ -119,11 +128,12 @@ TEST(LinuxFolders, SpecialOnesAreTheUsersOwn) {
 }
 
 /// What the services show for a text, in a process without a terminal: on standard error.
-std::string shownOnError(const OwnDesktop& desktop, std::u16string_view text) {
+std::string shownOnError(const OwnDesktop& desktop, std::u16string_view text,
+                         I4 flags = messageFlags::information) {
     return resultOf(start([&] {
                dup2(open("/dev/null", O_RDONLY), 0);
                dup2(open((desktop / "error").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), 2);
-               return home().services.messageBox(Bstr(text), 16, Bstr(u"-T\u00EAte")) - 1;
+               return home().services.messageBox(Bstr(text), flags, Bstr(u"-T\u00EAte")) - 1;
            })) == 0
                ? contentOf(desktop / "error")
                : "failed";
@@ -139,7 +149,11 @@ TEST(LinuxDialogs, ShowTextsAsTheyAre) {
     EXPECT_EQ(shownOnError(desktop, text), "");
     EXPECT_EQ(desktop.record(),
               "[kdialog][--title=-Tête][--msgbox=<qt>--&lt;b>a &amp; b&lt;/b>\\\\n<br/>`id` $(x)</qt>]\n");
+    EXPECT_EQ(shownOnError(desktop, u"x", messageFlags::stop), "");
+    EXPECT_EQ(desktop.record(), "[kdialog][--title=-Tête][--error=<qt>x</qt>]\n");
     desktop.removeProgram("kdialog");
+    EXPECT_EQ(shownOnError(desktop, u"x", messageFlags::stop), "");
+    EXPECT_EQ(desktop.record(), "[zenity][--error][--no-markup][--title=-Tête][--text=x]\n");
     EXPECT_EQ(shownOnError(desktop, text), "");
     EXPECT_EQ(desktop.record(),
               "[zenity][--info][--no-markup][--title=-Tête][--text=--<b>a & b</b>\\\\n\n`id` $(x)]\n");
