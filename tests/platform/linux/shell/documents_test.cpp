@@ -36,6 +36,11 @@ TEST_F(LinuxDocuments, AreOpenedByTheDesktopsProgram) {
     if (run("TrouveExecutable(\"C:\\un texte.txt\")") == "\n") GTEST_SKIP() << "no GIO here";
     EXPECT_EQ(run("TrouveExecutable(\"c:\\UN TEXTE.TXT\")"), program + "\n");
     EXPECT_EQ(run("TrouveExecutable(\"" + program + "\")"), program + "\n") << "a program is its own";
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(desktop / "bin");
+    for (const auto* const relative : {"lecteur", ".\\LECTEUR"})
+        EXPECT_EQ(run("TrouveExecutable(\"" + std::string(relative) + "\")"), program + "\n") << relative;
+    std::filesystem::current_path(before);
     EXPECT_EQ(run("ExecuteFichier(\"C:\\un texte.txt\")"), program + " C:\\un texte.txt\n");
     EXPECT_EQ(desktop.record(), "[lecteur][--entry][" + onC("un texte.txt") + "]\n") << "as its entry says";
     // What tells of the host's own start stays with the host, also where the desktop's library starts it.

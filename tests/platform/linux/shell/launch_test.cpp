@@ -187,6 +187,41 @@ TEST(LinuxLaunchers, EveryLineLeadsSomewhereOnEveryDesktop) {
     EXPECT_TRUE(launcherCommands("rundll32 unknown.dll,Entry", {"GNOME"}).empty());
 }
 
+/// What a recorder of the first program that a line leads to has to note; empty where a line leads to none.
+std::string recordOf(const std::vector<LauncherCommand>& commands) {
+    for (auto command : commands) {
+        if (command[0] == "@terminal") {
+            command.erase(command.begin());
+            command.insert(command.begin(), {"xterm", "-e"});
+        }
+        if (command[0][0] == '@') continue;  // what only a bus or a library can do
+        std::string record;
+        for (const auto& word : command) record += '[' + word + ']';
+        return record + '\n';
+    }
+    return {};
+}
+
+TEST(LinuxLaunchers, EveryLineStartsTheFirstOfItsPrograms) {
+    for (const auto* const name : {"GNOME", "KDE", "XFCE", "LXQT", "MATE", "X-CINNAMON"}) {
+        const OwnDesktop desktop(name);
+        desktop.addProgram("xterm");
+        for (const auto& line : allLines()) {
+            for (const auto& command : launcherCommands(line, {name})) {
+                const auto& program = command[command[0] == "@terminal" ? 1 : 0];
+                if (program[0] != '@') desktop.addProgram(program);
+            }
+        }
+        for (const auto& line : allLines()) {
+            const auto expected = recordOf(launcherCommands(line, {name}));
+            EXPECT_EQ(errorOf([&] { launchCommand(line); }), expected.empty() ? 53 : 0)
+                << name << ' ' << line;
+            if (expected.empty()) continue;
+            EXPECT_EQ(desktop.record(), expected) << name << ' ' << line;
+        }
+    }
+}
+
 TEST(LinuxLaunchers, PagesOfTheDesktopThatRuns) {
     struct Row {
         const char *desktop, *programs, *line, *recorded;
