@@ -18,7 +18,10 @@ struct Result {
         value = std::move(assigned);
         return *this;
     }
-    Result& operator=(const T& assigned) { return *this = T(assigned); }
+    Result& operator=(const T& assigned) {
+        value = assigned;
+        return *this;
+    }
 };
 
 /// The result of a member that has none.

@@ -47,6 +47,7 @@ std::vector<xcb_window_t> childrenOf(XDisplay& display, xcb_query_tree_cookie_t 
 std::vector<xcb_window_t> allWindows(XDisplay& display) {
     auto windows = childrenOf(display, xcb().query_tree(display.connection(), display.root()));
     std::vector<xcb_query_tree_cookie_t> asked;
+    asked.reserve(windows.size());
     for (const auto window : windows) asked.push_back(xcb().query_tree(display.connection(), window));
     for (const auto& request : asked) {
         const auto children = childrenOf(display, request);
@@ -100,6 +101,7 @@ xcb_window_t topWindow(XDisplay& display) {
 xcb_window_t windowTitled(XDisplay& display, std::string_view ansiTitle) {
     const auto windows = windowsFromTheTop(display);
     std::vector<TitleRequest> asked;
+    asked.reserve(windows.size());
     for (const auto window : windows) asked.push_back(askTitle(display, window));
     xcb_window_t found = 0;
     for (std::size_t i = 0; i < windows.size(); ++i) {
@@ -114,6 +116,7 @@ std::vector<xcb_window_t> panels(XDisplay& display) {
     const auto dock = display.atom("_NET_WM_WINDOW_TYPE_DOCK");
     const auto windows = allWindows(display);
     std::vector<xcb_get_property_cookie_t> asked;
+    asked.reserve(windows.size());
     for (const auto window : windows) asked.push_back(display.askProperty(window, property, XCB_ATOM_ATOM));
     std::vector<xcb_window_t> found;
     for (std::size_t i = 0; i < windows.size(); ++i) {

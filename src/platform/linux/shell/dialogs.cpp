@@ -168,14 +168,13 @@ DialogAnswer runDialog(const Words& words, const std::string& input) {
 bool showInDialog(std::u16string_view text, std::u16string_view title, I4 flags) {
     using namespace std::chrono_literals;
     constexpr auto soonerThanAnyUser = 200ms;
-    for (const auto& program : dialogPrograms()) {
-        const auto kind = (flags & messageFlags::stop) != 0 ? Dialog::Stop : Dialog::Text;
+    const auto kind = (flags & messageFlags::stop) != 0 ? Dialog::Stop : Dialog::Text;
+    return std::ranges::any_of(dialogPrograms(), [&](const auto& program) {
         const auto command = commandOf(program, kind, toUtf8(text), toUtf8(title));
         const auto before = std::chrono::steady_clock::now();
         if (runDialog(command.words, command.input).accepted) return true;
-        if (std::chrono::steady_clock::now() - before > soonerThanAnyUser) return true;  // closed otherwise
-    }
-    return false;
+        return std::chrono::steady_clock::now() - before > soonerThanAnyUser;  // closed otherwise
+    });
 }
 
 bool askUser(std::u16string_view text, std::u16string_view title) {

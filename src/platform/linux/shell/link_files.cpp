@@ -49,8 +49,8 @@ void writeTwin(const std::string& link) {
     const auto read = readLink(bytes.view());
     if (!read) return;
     const auto entry = entryBeside(link);
-    const auto text = entryFor(*read, nameIn(link));
-    if (const int error = changeFile(entry, [&](std::string_view) { return text; })) raiseFileError(error);
+    const auto text = [&](std::string_view) { return entryFor(*read, nameIn(link)); };
+    if (const int error = changeFile(entry, text)) raiseFileError(error);
     const auto autostart = userFolder("XDG_CONFIG_HOME") + "/autostart/";
     chmod(entry.c_str(), folderOf(entry) == autostart ? 0644 : 0755);
 }

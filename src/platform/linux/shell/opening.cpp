@@ -141,7 +141,7 @@ bool openWithDialog(const std::string& path) {
     auto dialog = std::make_unique<PortalDialog>();
     const GioOwned<GUnixFDList> files(gio().unix_fd_list_new());
     const int handle = gio().unix_fd_list_append(files.get(), file.get(), GioError().out());
-    const auto options =
+    auto* const options =
         busOptions({PortalDialog::ownOption(), {"ask", busTruth(true)}, {"writable", busTruth(true)}});
     if (!dialog->ask("org.freedesktop.portal.OpenURI", "OpenFile",
                      busTuple({busText(""), gio().variant_new_handle(handle), options}), files.get()))

@@ -57,6 +57,8 @@ void leaveTerminal() {
 pid_t startFromChild(const char* name, const SpawnSettings& settings, char* const* arguments,
                      char* const* environment, int answer) {
     const NoSignals quiet;
+    // NOLINTBEGIN(clang-analyzer-unix.Vfork,clang-analyzer-security.insecureAPI.vfork): nothing of the host's
+    // is changed.
     const pid_t child = vfork();
     if (child == 0) {
         leaveTerminal();
@@ -65,6 +67,7 @@ pid_t startFromChild(const char* name, const SpawnSettings& settings, char* cons
                                    arguments, environment);
         _exit(write(answer, &report, sizeof report) == sizeof report ? 0 : 1);
     }
+    // NOLINTEND(clang-analyzer-unix.Vfork,clang-analyzer-security.insecureAPI.vfork)
     return child;
 }
 
