@@ -39,12 +39,22 @@ struct Peer {
     Loop loop;
 };
 
+/// Medians over the rounds of one row: nanoseconds of one operation, and the ratio of peer to ours.
+struct Timing {
+    double ours = 0;
+    double peer = 0;
+    double ratio = 0;
+};
+
 /// One comparison. The target is how many times as fast as the peer we have to be at least; 0 for none.
 struct Row {
     std::string name;
     Loop ours;
     Peer peer;
     double target = 0;
+    /// Where the two are measured in a way of their own, and ours may be by so many nanoseconds above.
+    std::function<Timing()> measure = {};
+    double mostAbove = 0;
 };
 
 /// The rows of a subject. A group puts itself on the list; its rows are made when it is run.
@@ -59,15 +69,10 @@ class Group {
     }
 };
 
-/// Medians over the rounds of one row: nanoseconds of one operation, and the ratio of peer to ours.
-struct Timing {
-    double ours = 0;
-    double peer = 0;
-    double ratio = 0;
-};
-
 /// Times both in turn, round by round, so that both meet the same noise.
 Timing compare(const Loop& ours, const Loop& peer);
+
+double median(std::vector<double> values);
 
 /// Ends the run when ours and the peer don't give the same: what differs isn't comparable.
 void requireSame(bool same, std::string_view what);

@@ -28,13 +28,13 @@ std::size_t timesOfRound(const Loop& loop) {
     return times;
 }
 
+}  // namespace
+
 double median(std::vector<double> values) {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
     std::ranges::nth_element(values, middle);
     return *middle;
 }
-
-}  // namespace
 
 Timing compare(const Loop& ours, const Loop& peer) {
     const auto timesOurs = timesOfRound(ours);
@@ -43,8 +43,14 @@ Timing compare(const Loop& ours, const Loop& peer) {
     std::vector<double> nsPeer;
     std::vector<double> ratios;
     for (int round = 0; round < rounds; ++round) {
-        nsOurs.push_back(timeOf(ours, timesOurs).count() / static_cast<double>(timesOurs));
-        nsPeer.push_back(timeOf(peer, timesPeer).count() / static_cast<double>(timesPeer));
+        const auto measure = [&](bool isOurs) {
+            const auto times = isOurs ? timesOurs : timesPeer;
+            (isOurs ? nsOurs : nsPeer)
+                .push_back(timeOf(isOurs ? ours : peer, times).count() / static_cast<double>(times));
+        };
+        const bool oursFirst = round % 2 == 0;  // what one leaves running meets the other as often
+        measure(oursFirst);
+        measure(!oursFirst);
         ratios.push_back(nsPeer.back() / nsOurs.back());
     }
     return {median(nsOurs), median(nsPeer), median(ratios)};

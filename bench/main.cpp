@@ -25,7 +25,18 @@ std::string nanoseconds(double value) {
 }
 
 Cells cellsOf(const Row& row) {
-    const auto timing = compare(row.ours, row.peer.loop);
+    const auto timing = row.measure ? row.measure() : compare(row.ours, row.peer.loop);
+    if (row.mostAbove > 0) {
+        constexpr double millisecond = 1e6;
+        const bool isMet = timing.ours <= timing.peer + row.mostAbove;
+        return {row.name,
+                nanoseconds(timing.ours),
+                std::string(row.peer.name),
+                nanoseconds(timing.peer),
+                number(timing.ratio, 2),
+                "+" + number(row.mostAbove / millisecond, 1) + " ms",
+                isMet ? "yes" : "NO"};
+    }
     const bool hasTarget = row.target > 0;
     return {row.name,
             nanoseconds(timing.ours),
@@ -66,7 +77,7 @@ void run(std::string_view filter) {
     for (const auto makeRows : Group::all()) {
         for (const auto& row : makeRows()) {
             if (row.name.find(filter) == std::string::npos) continue;
-            if (row.peer.loop) {
+            if (row.peer.loop || row.measure) {
                 table.push_back(cellsOf(row));
             } else {
                 missing.insert(row.peer.name);
@@ -74,7 +85,9 @@ void run(std::string_view filter) {
         }
     }
     printTable(table);
-    std::cout << "\nratio: how many times as fast as the peer; target: the least that it has to be\n";
+    std::cout << "\nratio: how many times as fast as the peer; target: the least that it has to be, or by "
+                 "how much\n"
+                 "ours may be above the peer\n";
     for (const auto peer : missing) std::cout << "left out, not installed: " << peer << '\n';
 }
 

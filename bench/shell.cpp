@@ -1,13 +1,9 @@
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
-#include <thread>
 
 #include "frame/number_text.h"
 #include "peers/peers.h"
 #include "platform/linux/shell/launch.h"
-#include "platform/linux/shell/shared_timer.h"
-#include "platform/timers.h"
 #include "shell/cls_windows.h"
 
 using namespace tovera;
@@ -44,7 +40,7 @@ std::vector<Row> pathRows() {
 }
 
 std::vector<Row> launchRows() {
-    return {{"start a program",
+    return {{"launch a program",
              loopOf([] { return launchCommand("/bin/true"); }),
              {"g_spawn_async", loopIfInstalled(glibSpawn, std::string("/bin/true"))},
              1},
@@ -53,30 +49,8 @@ std::vector<Row> launchRows() {
              {"GLib, its cache renewed", loopIfInstalled(glibSpecialFolder)}}};
 }
 
-/// A wait for a timer of two milliseconds, which is what `Wait` does with its seconds.
-std::vector<Row> waitRows() {
-    constexpr auto span = std::chrono::milliseconds(2);
-    constexpr std::int64_t unitsOfSpan = 20'000;
-    const auto ours = [] {
-        auto& timers = homeTimers();
-        const auto timer = timers.CreateWaitableTimerA(-1, {"bench"});
-        timers.SetWaitableTimer(timer, FileTime::ofCount(-unitsOfSpan), 0, 0);
-        const auto result = timers.MsgWaitForMultipleObjects(1, timer, 0, -1, 255);
-        timers.CloseHandle(timer);
-        return result;
-    };
-    return {{"wait for 2 ms",
-             loopOf(ours),
-             {"nanosleep", loopOf([span] {
-                  std::this_thread::sleep_for(span);
-                  return 0;
-              })},
-             0.9}};
-}
-
 const Group paths(pathRows);
 const Group launches(launchRows);
-const Group waits(waitRows);
 
 }  // namespace
 }  // namespace bench

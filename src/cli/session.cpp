@@ -54,6 +54,7 @@ int Session::withObject(Body body) {
         if (!body(runner) || !console_.out.flush()) return automationError;
         runner.saveForms();
         waitForSound(platform_, console_.err);
+        waitForDialogs(console_.err);
         return success;
     } catch (const AutomationError& error) {
         return fail(error);

@@ -15,4 +15,11 @@ void waitForSound(const Platform& platform, std::ostream& err) {
     while (sound.isPlaying()) pause(50ms);
 }
 
+void waitForDialogs(std::ostream& err) {
+    using namespace std::chrono_literals;
+    if (!hasOpenDialog()) return;
+    if (isTerminal(StandardStream::Error)) err << "tovera: the dialog waits for you; Ctrl-C closes it\n";
+    while (hasOpenDialog()) pause(50ms);
+}
+
 }  // namespace tovera::cli

@@ -18,6 +18,7 @@ class ForwardedServices : public Services {
     }
     ObjectRef createObject(std::u16string_view progId) override { return home_.createObject(progId); }
     ComponentFacts facts() override { return home_.facts(); }
+    ScreenFacts screen() override { return home_.screen(); }
     RegionalSettings regionalSettings() override { return home_.regionalSettings(); }
     std::string toAnsi(std::u16string_view text) override { return home_.toAnsi(text); }
     std::u16string fromAnsi(std::string_view bytes) override { return home_.fromAnsi(bytes); }

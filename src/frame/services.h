@@ -23,11 +23,15 @@ inline constexpr I4 information = 64;  ///< an OK button and the information ico
 /// Initial state of a launched program's window.
 enum class WindowStyle : I2 { NormalFocus = 1, MinimizedFocus = 2 };
 
-/// What the component knows of itself and of the screen.
+/// What the component knows of itself.
 struct ComponentFacts {
     Bstr fileName;  ///< the component's own file name, without extension
     Bstr folder;    ///< its folder, without a final backslash
     I4 moduleHandle = 0;
+};
+
+/// What the component knows of the screen.
+struct ScreenFacts {
     I4 screenWidthTwips = 0;
     I4 screenHeightTwips = 0;
     I4 twipsPerPixelX = 15;
@@ -53,6 +57,7 @@ struct Services {
     virtual ObjectRef createObject(std::u16string_view progId) = 0;
 
     virtual ComponentFacts facts() = 0;
+    virtual ScreenFacts screen() = 0;
     virtual RegionalSettings regionalSettings() = 0;
 
     /// Text to the machine's ANSI code page and back, code unit for code unit; what has no ANSI form becomes

@@ -28,13 +28,13 @@ I2 Cls_Multimedia::FrequenceFichierWAV(const Bstr& CheminFichierWAV) {
 }
 
 I2 Cls_Multimedia::ResolutionEcranX() {
-    const auto facts = platform_.services.facts();
-    return pixels(facts.screenWidthTwips, facts.twipsPerPixelX);
+    const auto screen = platform_.services.screen();
+    return pixels(screen.screenWidthTwips, screen.twipsPerPixelX);
 }
 
 I2 Cls_Multimedia::ResolutionEcranY() {
-    const auto facts = platform_.services.facts();
-    return pixels(facts.screenHeightTwips, facts.twipsPerPixelY);
+    const auto screen = platform_.services.screen();
+    return pixels(screen.screenHeightTwips, screen.twipsPerPixelY);
 }
 
 }  // namespace tovera

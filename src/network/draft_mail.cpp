@@ -39,7 +39,7 @@ void Cls_Internet::EcrireEmail_OutlookExpress(const Bstr& MsgFrom, const Bstr& M
     print(u"X-Unsent: 1");
     print(u"");
     print(MsgMessage);
-    file.reset();
+    file->close();
     opened = True;
     OpenWithShell(u"Open", path, {}, {}, shownNormally);
 }

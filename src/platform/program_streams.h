@@ -33,4 +33,7 @@ bool isTerminal(StandardStream stream);
 
 void pause(std::chrono::milliseconds time);
 
+/// Whether a dialog that this program has opened, and that closes with it, waits for the user.
+bool hasOpenDialog();
+
 }  // namespace tovera

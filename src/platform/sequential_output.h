@@ -8,7 +8,7 @@
 
 namespace tovera {
 
-/// A text file that is being written, closed at the end.
+/// A text file that is being written.
 struct OutputFile {
     OutputFile() = default;
     OutputFile(const OutputFile&) = delete;
@@ -16,6 +16,8 @@ struct OutputFile {
     virtual ~OutputFile() = default;
     /// Writes a line in ANSI, and the carriage return and line feed behind it.
     virtual void printLine(std::string_view line) = 0;
+    /// Closes the file, which tells what has failed until then; without it the end closes it silently.
+    virtual void close() = 0;
 };
 
 /// The run-time's own text files, written line by line. Failures are raised as errors 53 to 76, like those of

@@ -23,9 +23,9 @@ void Cls_Windows::GstMultimedia(const I2& n) { lancer(u"RUNDLL32 SHELL32.DLL,Con
 void Cls_Windows::GstSysteme(const I2& n) { lancer(u"RUNDLL32 SHELL32.DLL,Control_RunDLL SYSDM.CPL,,", n); }
 void Cls_Windows::GstInternetExplorer(const I2& n) { lancer(u"rundll32.exe shell32.dll,Control_RunDLL inetcpl.cpl,,", n); }
 
-void Cls_Windows::GstFichierAssociation(const Bstr& file) { lancer(join(u"rundll32.exe shell32.dll,OpenAs_RunDLL ", file)); }
-void Cls_Windows::OuvrirPortionDocument(const Bstr& file) { lancer(join(u"rundll32.exe shscrap.dll,OpenScrap_RunDLL /r /x ", file)); }
-void Cls_Windows::CreationRaccourci_Fenetre(const Bstr& folder) { lancer(join(u"rundll32.exe AppWiz.Cpl,NewLinkHere ", folder)); }
+void Cls_Windows::GstFichierAssociation(const Bstr& NomFichier) { lancer(join(u"rundll32.exe shell32.dll,OpenAs_RunDLL ", NomFichier)); }
+void Cls_Windows::OuvrirPortionDocument(const Bstr& Chemin) { lancer(join(u"rundll32.exe shscrap.dll,OpenScrap_RunDLL /r /x ", Chemin)); }
+void Cls_Windows::CreationRaccourci_Fenetre(const Bstr& Chemin) { lancer(join(u"rundll32.exe AppWiz.Cpl,NewLinkHere ", Chemin)); }
 
 void Cls_Windows::GstMailFax() { lancer(u"rundll32.exe shell32.dll,Control_RunDLL mlcfg32.cpl"); }
 void Cls_Windows::GstAssistantNouveauMateriel() { lancer(u"rundll32.exe shell32.dll,Control_RunDLL sysdm.cpl @1"); }

@@ -4,7 +4,7 @@
 namespace tovera {
 namespace {
 
-constexpr std::int64_t unitsPerSecond = 1000 * 10000;
+constexpr std::int64_t unitsPerSecond = 10'000'000;
 constexpr auto atOnce = FileTime{0xFFFFFFFFU, 0xFFFFFFFFU};
 constexpr I4 manualReset = -1;
 constexpr I4 forEver = -1;

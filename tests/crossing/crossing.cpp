@@ -26,6 +26,7 @@ struct QuietServices : Services {
     R8 launch(const Bstr& line, WindowStyle style) override { return real.launch(line, style); }
     ObjectRef createObject(std::u16string_view progId) override { return real.createObject(progId); }
     ComponentFacts facts() override { return real.facts(); }
+    ScreenFacts screen() override { return real.screen(); }
     RegionalSettings regionalSettings() override { return real.regionalSettings(); }
     std::string toAnsi(std::u16string_view text) override { return real.toAnsi(text); }
     std::u16string fromAnsi(std::string_view bytes) override { return real.fromAnsi(bytes); }

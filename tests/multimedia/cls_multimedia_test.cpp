@@ -131,10 +131,10 @@ TEST_F(Multimedia, SizeOfTheScreen) {
                                                {0, 15, 0, 0},          {32767 * 15, 15, 32767, 0},
                                                {32768 * 15, 15, 0, 6}, {15360, 0, 0, 11}};
     for (const auto& [twips, perPixel, pixels, error] : rows) {
-        services.componentFacts.screenWidthTwips = twips;
-        services.componentFacts.twipsPerPixelX = perPixel;
-        services.componentFacts.screenHeightTwips = twips / 2;
-        services.componentFacts.twipsPerPixelY = perPixel;
+        services.screenFacts.screenWidthTwips = twips;
+        services.screenFacts.twipsPerPixelX = perPixel;
+        services.screenFacts.screenHeightTwips = twips / 2;
+        services.screenFacts.twipsPerPixelY = perPixel;
         I2 width = 0;
         EXPECT_EQ(errorOf([&] { width = object.ResolutionEcranX(); }), error);
         EXPECT_EQ(width, pixels);
@@ -143,7 +143,7 @@ TEST_F(Multimedia, SizeOfTheScreen) {
 }
 
 TEST_F(Multimedia, CallsEveryMemberByName) {
-    services.componentFacts.screenWidthTwips = services.componentFacts.screenHeightTwips = 15360;
+    services.screenFacts.screenWidthTwips = services.screenFacts.screenHeightTwips = 15360;
     expectCallsOfEveryMethod<Cls_Multimedia>(ours, {gives(Empty(), u"FermerCD"),
                                                     gives(Empty(), u"OuvrirCD"),
                                                     gives(Empty(), u"JouerUnWav", u"a.wav"),

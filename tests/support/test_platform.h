@@ -25,6 +25,7 @@ class TestServices : public Services {
     MOCK_METHOD(R8, launch, (const Bstr& commandLine, WindowStyle style), (override));
     MOCK_METHOD(ObjectRef, createObject, (std::u16string_view progId), (override));
     ComponentFacts facts() override { return componentFacts; }
+    ScreenFacts screen() override { return screenFacts; }
     RegionalSettings regionalSettings() override { return regional; }
     std::string toAnsi(std::u16string_view text) override;
     std::u16string fromAnsi(std::string_view bytes) override;
@@ -32,6 +33,7 @@ class TestServices : public Services {
 
     std::vector<ShownBox> boxes;
     ComponentFacts componentFacts;
+    ScreenFacts screenFacts;
     RegionalSettings regional;
 };
 

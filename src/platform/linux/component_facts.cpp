@@ -10,12 +10,9 @@
 #include "platform/linux/files/file_facts.h"
 #include "platform/linux/files/path_text.h"
 #include "platform/linux/files/paths.h"
-#include "platform/linux/screen/screen_size.h"
 
 namespace tovera {
 namespace {
-
-constexpr I4 twipsPerPixel = 15;  // of 1440 an inch, with 96 pixels an inch
 
 /// The file that this code has been loaded from: the library, or the program that it is part of.
 std::filesystem::path ownFile() {
@@ -24,6 +21,13 @@ std::filesystem::path ownFile() {
     std::error_code ignored;
     const auto file = std::filesystem::absolute(module.dli_fname ? module.dli_fname : "", ignored);
     return file.has_extension() ? file : std::filesystem::read_symlink("/proc/self/exe", ignored);
+}
+
+/// One folder may have several names.
+std::string withoutLinks(const std::string& folder) {
+    std::error_code failure;
+    const auto found = std::filesystem::weakly_canonical(folder, failure);
+    return failure ? folder : found.string();
 }
 
 bool isOwnAlone(const std::string& folder) {
@@ -35,8 +39,9 @@ bool isOwnAlone(const std::string& folder) {
 }  // namespace
 
 std::u16string componentFolder(const std::string& ownFolder, const std::string& homeFolder) {
-    if (ownFolder != homeFolder && isBelow(ownFolder, homeFolder) && isOwnAlone(ownFolder))
-        return fromUtf8(ownFolder);
+    const auto own = withoutLinks(ownFolder);
+    const auto home = withoutLinks(homeFolder);
+    if (own != home && isBelow(own, home) && isOwnAlone(own)) return fromUtf8(own);
     makeWindowsFolders();
     chmod(foundHostPath(systemFolder).c_str(), S_IRWXU);
     return std::u16string(systemFolder);
@@ -44,14 +49,9 @@ std::u16string componentFolder(const std::string& ownFolder, const std::string& 
 
 ComponentFacts componentFacts() {
     const auto file = ownFile();
-    const auto screen = screenSize();
     ComponentFacts facts;
     facts.fileName = fromUtf8(file.stem().string());
     facts.folder = componentFolder(file.parent_path().string(), homeFolder());
-    facts.twipsPerPixelX = twipsPerPixel;
-    facts.twipsPerPixelY = twipsPerPixel;
-    facts.screenWidthTwips = screen.width * twipsPerPixel;
-    facts.screenHeightTwips = screen.height * twipsPerPixel;
     return facts;
 }
 

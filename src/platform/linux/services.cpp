@@ -10,6 +10,7 @@
 #include "platform/linux/files/file_system_object.h"
 #include "platform/linux/regional.h"
 #include "platform/linux/registered_objects.h"
+#include "platform/linux/screen/screen_size.h"
 #include "platform/linux/shell/dialogs.h"
 #include "platform/linux/shell/host_loop.h"
 #include "platform/linux/shell/launch.h"
@@ -40,16 +41,17 @@ class LinuxServices : public Services {
     R8 launch(const Bstr& commandLine, WindowStyle style) override;
     ObjectRef createObject(std::u16string_view progId) override;
     ComponentFacts facts() override;
+    ScreenFacts screen() override;
     RegionalSettings regionalSettings() override;
     std::string toAnsi(std::u16string_view text) override;
     std::u16string fromAnsi(std::string_view bytes) override;
     void pumpMessages() override;
 };
 
-I4 LinuxServices::messageBox(const Bstr& text, I4 /*flags*/, const Bstr& title) {
+I4 LinuxServices::messageBox(const Bstr& text, I4 flags, const Bstr& title) {
     constexpr I4 okButton = 1;
     const bool hasTerminal = isTerminal(StandardStream::Input) && isTerminal(StandardStream::Error);
-    if (!hasTerminal && !isTerminalsProgram() && showInDialog(text, title)) return okButton;
+    if (!hasTerminal && !isTerminalsProgram() && showInDialog(text, title, flags)) return okButton;
     std::cout.flush();
     std::cerr << '[' << toUtf8(title) << "] " << toUtf8(text) << std::endl;
     if (hasTerminal) {
@@ -77,6 +79,12 @@ ObjectRef LinuxServices::createObject(std::u16string_view progId) {
 
 ComponentFacts LinuxServices::facts() {
     return componentFacts();
+}
+
+ScreenFacts LinuxServices::screen() {
+    constexpr I4 twipsPerPixel = 15;  // of 1440 an inch, with 96 pixels an inch
+    const auto size = screenSize();
+    return {size.width * twipsPerPixel, size.height * twipsPerPixel, twipsPerPixel, twipsPerPixel};
 }
 
 RegionalSettings LinuxServices::regionalSettings() {

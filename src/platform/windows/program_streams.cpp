@@ -115,4 +115,9 @@ void pause(std::chrono::milliseconds time) {
     Sleep(static_cast<DWORD>(time.count()));
 }
 
+/// Dialogs here belong to programs of their own.
+bool hasOpenDialog() {
+    return false;
+}
+
 }  // namespace tovera

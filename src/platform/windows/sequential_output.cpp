@@ -13,6 +13,9 @@ struct WindowsOutputFile : OutputFile {
         DWORD written = 0;
         if (!WriteFile(file.get(), bytes.data(), size, &written, nullptr)) raise(fileErrorOf(GetLastError()));
     }
+    void close() override {
+        if (file && !CloseHandle(file.release())) raise(fileErrorOf(GetLastError()));
+    }
     OpenedFile file;
 };
 

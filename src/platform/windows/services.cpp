@@ -40,6 +40,7 @@ class WindowsServices : public Services {
     R8 launch(const Bstr& commandLine, WindowStyle style) override;
     ObjectRef createObject(std::u16string_view progId) override;
     ComponentFacts facts() override;
+    ScreenFacts screen() override;
     RegionalSettings regionalSettings() override;
     std::string toAnsi(std::u16string_view text) override;
     std::u16string fromAnsi(std::string_view bytes) override;
@@ -71,12 +72,17 @@ ObjectRef WindowsServices::createObject(std::u16string_view progId) {
 ComponentFacts WindowsServices::facts() {
     const auto file = ownFileName();
     const auto name = file.find_last_of(L'\\') + 1;
-    const Screen screen;
     ComponentFacts facts;
     facts.folder = utf16(std::wstring_view(file).substr(0, name ? name - 1 : 0));
     const auto stem = file.substr(name, file.find_last_of(L'.') - name);
     facts.fileName = utf16(stem);
     facts.moduleHandle = static_cast<I4>(reinterpret_cast<std::intptr_t>(ownModule()));
+    return facts;
+}
+
+ScreenFacts WindowsServices::screen() {
+    const Screen screen;
+    ScreenFacts facts;
     facts.twipsPerPixelX = screen.twipsPerPixel(LOGPIXELSX);
     facts.twipsPerPixelY = screen.twipsPerPixel(LOGPIXELSY);
     facts.screenWidthTwips = GetSystemMetrics(SM_CXSCREEN) * facts.twipsPerPixelX;

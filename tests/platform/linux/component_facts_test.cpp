@@ -23,6 +23,11 @@ TEST(ComponentFolder, IsTheUsersOwnOrOneOfHis) {
         return componentFolder(own, home.path());
     };
     EXPECT_EQ(folderOfMode(0755), fromUtf8(own));
+    std::filesystem::create_directory_symlink(home.path(), home / "link");
+    EXPECT_EQ(componentFolder(own, home / "link"), fromUtf8(own));
+    EXPECT_EQ(componentFolder(home / "link/tovera", home.path()), fromUtf8(own));
+    EXPECT_EQ(componentFolder(own, own), system);
+    EXPECT_EQ(componentFolder(own, own + "/"), system) << "another name of the same";
     EXPECT_EQ(folderOfMode(0775), system);
     EXPECT_EQ(folderOfMode(0757), system);
     EXPECT_EQ(componentFolder("/usr/bin", home.path()), system);

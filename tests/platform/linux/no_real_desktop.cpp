@@ -10,7 +10,10 @@ struct NoRealDesktop : ::testing::Environment {
     void SetUp() override {
         for (const auto* const bus : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"})
             setenv(bus, "unix:path=/nonexistent/bus", 1);
-        for (const auto* const display : {"DISPLAY", "WAYLAND_DISPLAY"}) unsetenv(display);
+        for (const auto* const own :
+             {"DISPLAY", "WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP", "XDG_SESSION_DESKTOP", "DESKTOP_SESSION",
+              "XDG_SESSION_ID", "DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN", "PULSE_SERVER"})
+            unsetenv(own);
     }
 };
 

@@ -95,13 +95,14 @@ class OwnDesktop {
             std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "tovera";
         int ends[2];
         if (pipe(ends) != 0) return "no pipe";
+        // Made before the fork: beside threads the child can do little more than become the program.
+        std::vector<char*> words{const_cast<char*>("tovera")};
+        for (const auto& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
+        words.push_back(nullptr);
         const auto process = fork();
         if (process == 0) {
             for (const int stream : {1, 2}) dup2(ends[1], stream);
             dup2(open("/dev/null", O_RDONLY), 0);
-            std::vector<char*> words{const_cast<char*>("tovera")};
-            for (const auto& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
-            words.push_back(nullptr);
             execv(program.c_str(), words.data());
             _exit(127);
         }

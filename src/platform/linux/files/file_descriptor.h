@@ -21,6 +21,8 @@ class FileDescriptor {
 
     bool isOpen() const { return descriptor_ >= 0; }
     int get() const { return descriptor_; }
+    /// Leaves the closing to the caller.
+    int release() { return std::exchange(descriptor_, -1); }
 
   private:
     int descriptor_ = -1;

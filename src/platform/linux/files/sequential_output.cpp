@@ -39,6 +39,9 @@ void writeWhole(const FileDescriptor& file, std::string_view bytes) {
 struct LinuxOutputFile : OutputFile {
     explicit LinuxOutputFile(FileDescriptor opened) : file(std::move(opened)) {}
     void printLine(std::string_view line) override { writeWhole(file, std::string(line) + "\r\n"); }
+    void close() override {
+        if (file.isOpen() && ::close(file.release()) != 0 && errno != EINTR) raiseFileError(errno);
+    }
     FileDescriptor file;
 };
 

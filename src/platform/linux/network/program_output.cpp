@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "frame/error.h"
 #include "platform/linux/files/file_descriptor.h"
 
 namespace tovera {
@@ -67,15 +68,16 @@ bool hasSucceeded(pid_t process) {
 
 std::optional<ProgramOutput> runProgram(std::vector<std::string> arguments) {
     std::array<int, 2> ends{};
-    if (pipe2(ends.data(), O_CLOEXEC) != 0) return {};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) raise(ErrorNumber::InvalidCall);
     const FileDescriptor output(ends[0]);
     FileDescriptor input(ends[1]);
     auto variables = englishEnvironment();
     const Streams streams(input.get());
     pid_t process = 0;
-    if (posix_spawnp(&process, arguments.front().c_str(), streams.get(), nullptr,
-                     pointersTo(arguments).data(), pointersTo(variables).data()) != 0)
-        return {};
+    const int error = posix_spawnp(&process, arguments.front().c_str(), streams.get(), nullptr,
+                                   pointersTo(arguments).data(), pointersTo(variables).data());
+    if (error == ENOENT || error == ENOTDIR || error == EACCES) return {};
+    if (error != 0) raise(ErrorNumber::InvalidCall);
     input = FileDescriptor();
     ProgramOutput result;
     result.text = readToEnd(output);

@@ -13,7 +13,7 @@ struct ProgramOutput {
 };
 
 /// Runs a program, found along the path, without a shell, with nothing to read, and with English messages.
-/// Nothing where there is no such program.
+/// Nothing where there is no such program; error 5 where the system can't start one.
 std::optional<ProgramOutput> runProgram(std::vector<std::string> arguments);
 
 }  // namespace tovera

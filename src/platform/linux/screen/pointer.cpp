@@ -79,10 +79,11 @@ std::optional<bool> swapButtons(bool swap) {
 std::optional<I4> doubleClickTime() {
     const auto display = XDisplay::open();
     if (!display) return std::nullopt;
-    display->learnAtoms({"_XSETTINGS_S0", "_XSETTINGS_SETTINGS"});
+    const auto settings = "_XSETTINGS_S" + std::to_string(display->screenNumber());
+    display->learnAtoms({settings, "_XSETTINGS_SETTINGS"});
     const auto owner =
         display->reply(xcb().get_selection_owner_reply,
-                       xcb().get_selection_owner(display->connection(), display->atom("_XSETTINGS_S0")));
+                       xcb().get_selection_owner(display->connection(), display->atom(settings)));
     if (!owner || owner->owner == XCB_NONE) return std::nullopt;
     const auto kind = display->atom("_XSETTINGS_SETTINGS");
     return settingIn(display->bytes(display->askProperty(owner->owner, kind, kind)), "Net/DoubleClickTime");

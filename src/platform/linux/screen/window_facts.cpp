@@ -47,11 +47,20 @@ std::vector<xcb_window_t> childrenOf(XDisplay& display, xcb_query_tree_cookie_t 
 std::vector<xcb_window_t> allWindows(XDisplay& display) {
     auto windows = childrenOf(display, xcb().query_tree(display.connection(), display.root()));
     std::vector<xcb_query_tree_cookie_t> asked;
+    asked.reserve(windows.size());
     for (const auto window : windows) asked.push_back(xcb().query_tree(display.connection(), window));
     for (const auto& request : asked) {
         const auto children = childrenOf(display, request);
         windows.insert(windows.end(), children.begin(), children.end());
     }
+    return windows;
+}
+
+/// What users have opened, as the window manager tells it.
+std::vector<xcb_window_t> windowsFromTheTop(XDisplay& display) {
+    const auto stack = display.atom("_NET_CLIENT_LIST_STACKING");
+    auto windows = display.numbers(display.askProperty(display.root(), stack, XCB_ATOM_WINDOW));
+    std::ranges::reverse(windows);
     return windows;
 }
 
@@ -84,11 +93,15 @@ std::u16string titleOf(XDisplay& display, xcb_window_t window) {
     return readTitle(display, askTitle(display, window));
 }
 
+xcb_window_t topWindow(XDisplay& display) {
+    const auto windows = windowsFromTheTop(display);
+    return windows.empty() ? xcb_window_t{0} : windows[0];
+}
+
 xcb_window_t windowTitled(XDisplay& display, std::string_view ansiTitle) {
-    const auto stack = display.atom("_NET_CLIENT_LIST_STACKING");
-    auto windows = display.numbers(display.askProperty(display.root(), stack, XCB_ATOM_WINDOW));
-    std::ranges::reverse(windows);
+    const auto windows = windowsFromTheTop(display);
     std::vector<TitleRequest> asked;
+    asked.reserve(windows.size());
     for (const auto window : windows) asked.push_back(askTitle(display, window));
     xcb_window_t found = 0;
     for (std::size_t i = 0; i < windows.size(); ++i) {
@@ -103,6 +116,7 @@ std::vector<xcb_window_t> panels(XDisplay& display) {
     const auto dock = display.atom("_NET_WM_WINDOW_TYPE_DOCK");
     const auto windows = allWindows(display);
     std::vector<xcb_get_property_cookie_t> asked;
+    asked.reserve(windows.size());
     for (const auto window : windows) asked.push_back(display.askProperty(window, property, XCB_ATOM_ATOM));
     std::vector<xcb_window_t> found;
     for (std::size_t i = 0; i < windows.size(); ++i) {

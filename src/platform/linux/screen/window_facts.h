@@ -19,6 +19,9 @@ xcb_window_t ownerOf(XDisplay& display, xcb_window_t window);
 
 std::u16string titleOf(XDisplay& display, xcb_window_t window);
 
+/// The topmost of the windows that users have opened; 0 when there is none.
+xcb_window_t topWindow(XDisplay& display);
+
 /// The topmost window whose title is exactly that in the ANSI code page; 0 when there is none.
 xcb_window_t windowTitled(XDisplay& display, std::string_view ansiTitle);
 

@@ -71,6 +71,7 @@ class LinuxWindows : public ScreenWindows {
     }
     I4 FindWindowA(const AnsiText& className, const AnsiText& title) override {
         return onDisplay([&](XDisplay& display) -> xcb_window_t {
+            if (className.isNull && title.isNull) return topWindow(display);
             if (className.isNull) return windowTitled(display, title.terminated());
             if (!isTaskbarClass(className.terminated())) return 0;
             const auto found = panels(display);

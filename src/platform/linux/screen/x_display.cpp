@@ -34,7 +34,7 @@ std::shared_ptr<XDisplay> XDisplay::open() {
 }
 
 XDisplay::XDisplay(xcb_connection_t* connection, int screenNumber)
-    : connection_(connection), process_(getpid()) {
+    : connection_(connection), screenNumber_(screenNumber), process_(getpid()) {
     auto screens = xcb().setup_roots_iterator(xcb().get_setup(connection_));
     for (; screenNumber > 0 && screens.rem > 1; --screenNumber) xcb().screen_next(&screens);
     screen_ = screens.data;

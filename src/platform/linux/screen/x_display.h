@@ -37,6 +37,8 @@ class XDisplay {
 
     xcb_connection_t* connection() const { return connection_; }
     const xcb_screen_t& screen() const { return *screen_; }
+    /// The number of the screen among those of the server, counted from 0.
+    int screenNumber() const { return screenNumber_; }
     xcb_window_t root() const { return screen_->root; }
 
     /// Waits for the answer to a request: `reply(xcb().query_pointer_reply, xcb().query_pointer(...))`.
@@ -76,6 +78,7 @@ class XDisplay {
 
     xcb_connection_t* connection_;
     xcb_screen_t* screen_ = nullptr;
+    int screenNumber_;
     /// A forked process can't use the connection of its maker, and closing it would end it for both.
     int process_;
     std::mutex atomsMutex_;

@@ -4,7 +4,7 @@
 #include <xcb/xfixes.h>
 
 // The header has members of a name that C++ keeps for itself.
-#define explicit explicit_
+#define explicit explicit_  // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
 #undef explicit
 

@@ -32,8 +32,6 @@ struct XcbLibrary {
     Bound<decltype(xcb_get_property)> get_property{library, "xcb_get_property"};
     Bound<decltype(xcb_get_property_reply)> get_property_reply{library, "xcb_get_property_reply"};
     Bound<decltype(xcb_get_property_value)> get_property_value{library, "xcb_get_property_value"};
-    Bound<decltype(xcb_get_property_value_length)> get_property_value_length{library,
-                                                                             "xcb_get_property_value_length"};
     Bound<decltype(xcb_change_property)> change_property{library, "xcb_change_property"};
     Bound<decltype(xcb_delete_property)> delete_property{library, "xcb_delete_property"};
     Bound<decltype(xcb_get_selection_owner)> get_selection_owner{library, "xcb_get_selection_owner"};
@@ -43,7 +41,6 @@ struct XcbLibrary {
     // Windows.
     Bound<decltype(xcb_generate_id)> generate_id{library, "xcb_generate_id"};
     Bound<decltype(xcb_create_window)> create_window{library, "xcb_create_window"};
-    Bound<decltype(xcb_destroy_window)> destroy_window{library, "xcb_destroy_window"};
     Bound<decltype(xcb_map_window)> map_window{library, "xcb_map_window"};
     Bound<decltype(xcb_unmap_window)> unmap_window{library, "xcb_unmap_window"};
     Bound<decltype(xcb_query_tree)> query_tree{library, "xcb_query_tree"};
@@ -54,8 +51,6 @@ struct XcbLibrary {
     Bound<decltype(xcb_get_window_attributes)> get_window_attributes{library, "xcb_get_window_attributes"};
     Bound<decltype(xcb_get_window_attributes_reply)> get_window_attributes_reply{
         library, "xcb_get_window_attributes_reply"};
-    Bound<decltype(xcb_get_geometry)> get_geometry{library, "xcb_get_geometry"};
-    Bound<decltype(xcb_get_geometry_reply)> get_geometry_reply{library, "xcb_get_geometry_reply"};
     Bound<decltype(xcb_configure_window)> configure_window{library, "xcb_configure_window"};
     Bound<decltype(xcb_send_event)> send_event{library, "xcb_send_event"};
     Bound<decltype(xcb_get_input_focus)> get_input_focus{library, "xcb_get_input_focus"};

@@ -12,6 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "frame/services.h"
 #include "frame/utf8.h"
 #include "platform/linux/files/file_descriptor.h"
 #include "platform/linux/shell/host_loop.h"
@@ -87,7 +88,7 @@ std::string asMarkup(const std::string& text) {
     return markup + "</qt>";
 }
 
-enum class Dialog { Text, Question };
+enum class Dialog { Text, Stop, Question };
 
 /// The command of a dialog program, with the text for its input if it takes it there.
 struct DialogCommand {
@@ -98,12 +99,15 @@ struct DialogCommand {
 DialogCommand commandOf(const std::string& program, Dialog dialog, const std::string& text,
                         const std::string& title) {
     const bool asks = dialog == Dialog::Question;
-    if (program == "kdialog")
-        return {{program, "--title=" + title, (asks ? "--yesno=" : "--msgbox=") + asMarkup(text)}, {}};
-    if (program == "zenity")
-        return {{program, asks ? "--question" : "--info", "--no-markup", "--title=" + title,
-                 "--text=" + withoutEscapes(text)},
-                {}};
+    const bool stops = dialog == Dialog::Stop;
+    if (program == "kdialog") {
+        const auto* const kind = asks ? "--yesno=" : stops ? "--error=" : "--msgbox=";
+        return {{program, "--title=" + title, kind + asMarkup(text)}, {}};
+    }
+    if (program == "zenity") {
+        const auto* const kind = asks ? "--question" : stops ? "--error" : "--info";
+        return {{program, kind, "--no-markup", "--title=" + title, "--text=" + withoutEscapes(text)}, {}};
+    }
     return {{program, "-title", title, "-buttons", asks ? "Oui:0,Non:1" : "OK:0", "-file", "-"}, text};
 }
 
@@ -149,7 +153,7 @@ DialogAnswer runDialog(const Words& words, const std::string& input) {
     arguments.push_back(nullptr);
     pid_t process = 0;
     if (posix_spawn(&process, program->path.c_str(), settings.actions(), settings.attributes(),
-                    arguments.data(), environ) != 0)
+                    arguments.data(), environmentForOthers().data()) != 0)
         return {};
     { const FileDescriptor closed = std::move(writer); }
     DialogAnswer answer{false, readToEnd(reader)};
@@ -161,16 +165,16 @@ DialogAnswer runDialog(const Words& words, const std::string& input) {
     return answer;
 }
 
-bool showInDialog(std::u16string_view text, std::u16string_view title) {
+bool showInDialog(std::u16string_view text, std::u16string_view title, I4 flags) {
     using namespace std::chrono_literals;
     constexpr auto soonerThanAnyUser = 200ms;
-    for (const auto& program : dialogPrograms()) {
-        const auto command = commandOf(program, Dialog::Text, toUtf8(text), toUtf8(title));
+    const auto kind = (flags & messageFlags::stop) != 0 ? Dialog::Stop : Dialog::Text;
+    return std::ranges::any_of(dialogPrograms(), [&](const auto& program) {
+        const auto command = commandOf(program, kind, toUtf8(text), toUtf8(title));
         const auto before = std::chrono::steady_clock::now();
         if (runDialog(command.words, command.input).accepted) return true;
-        if (std::chrono::steady_clock::now() - before > soonerThanAnyUser) return true;  // closed otherwise
-    }
-    return false;
+        return std::chrono::steady_clock::now() - before > soonerThanAnyUser;  // closed otherwise
+    });
 }
 
 bool askUser(std::u16string_view text, std::u16string_view title) {

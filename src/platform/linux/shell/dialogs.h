@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/values.h"
+
 // Questions to the user: by the desktop's own dialog program where there is a display, else on the terminal
 // where there is one.
 namespace tovera {
@@ -11,8 +13,9 @@ namespace tovera {
 /// Whether a display is there that answers.
 bool displayAnswers();
 
-/// Shows a text until the user has read it; false where there is no dialog program or no display.
-bool showInDialog(std::u16string_view text, std::u16string_view title);
+/// Shows a text until the user has read it, as a message box of these flags would; false where there is no
+/// dialog program or no display.
+bool showInDialog(std::u16string_view text, std::u16string_view title, I4 flags);
 
 /// Asks for yes or no; no where there is nobody to ask.
 bool askUser(std::u16string_view text, std::u16string_view title);

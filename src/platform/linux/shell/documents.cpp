@@ -3,6 +3,7 @@
 #include <array>
 #include <elf.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <unistd.h>
 
 #include "frame/bstr.h"
@@ -66,8 +67,8 @@ FoundOpener findOpener(std::u16string_view document, std::u16string_view folder)
     if (path.empty() || !isFolder(folderOf(path))) return {findCodes::folderNotFound, {}};
     if (!factsOfTarget(path)) return {findCodes::fileNotFound, {}};
     const auto kind = kindOf(path);
-    const auto absolute = path.starts_with('/') ? path : foundHostPath(windowsPath(path));
-    if (kind == FileKind::Program) return {found, absolute};
+    if (kind == FileKind::Program)
+        return {found, std::filesystem::absolute(path).lexically_normal().string()};
     const auto opener = openerOf(path);
     if (opener && !opener->executable.empty()) return {found, opener->executable};
     return {kind == FileKind::ProgramOfOthers ? findCodes::badFormat : findCodes::noAssociation, {}};

@@ -1,6 +1,5 @@
 #include "platform/linux/shell/folder_picker.h"
 
-#include <algorithm>
 #include <iostream>
 #include <optional>
 #include <poll.h>
@@ -13,7 +12,7 @@
 #include "platform/linux/shell/host_loop.h"
 #include "platform/linux/shell/programs.h"
 #if __has_include(<gio/gdesktopappinfo.h>)
-#include "platform/linux/shell/message_bus.h"
+#include "platform/linux/shell/portal_dialog.h"
 #endif
 
 namespace tovera {
@@ -26,50 +25,18 @@ bool isFolder(const std::string& path) {
 
 #if __has_include(<gio/gdesktopappinfo.h>)
 
-/// A loop of this thread's own, for the time of one dialog.
-class OwnLoop {
-  public:
-    OwnLoop() : context_(gio().main_context_new()) { gio().main_context_push_thread_default(context_); }
-    OwnLoop(const OwnLoop&) = delete;
-    OwnLoop& operator=(const OwnLoop&) = delete;
-    ~OwnLoop() {
-        gio().main_context_pop_thread_default(context_);
-        gio().main_context_unref(context_);
-    }
-    void iterate() {
-        while (gio().main_context_iteration(context_, 0)) {
-        }
-    }
-
-  private:
-    GMainContext* context_;
-};
-
-/// The portal's answer, once it is there: a path, or nothing when the user has cancelled.
-struct Response {
-    bool isThere = false;
-    std::string path;
-};
-
 std::string pathOf(const char* address) {
     const GioOwned<GFile> file(gio().file_new_for_uri(address));
     const GioOwned<char> path(gio().file_get_path(file.get()));
     return path ? path.get() : "";
 }
 
-void take(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant* parameters,
-          gpointer place) {
-    auto& response = *static_cast<Response*>(place);
-    response.isThere = true;
-    const GioOwned<GVariant> code(gio().variant_get_child_value(parameters, 0));
-    const GioOwned<GVariant> results(gio().variant_get_child_value(parameters, 1));
-    const auto* const texts = reinterpret_cast<const GVariantType*>("as");
-    const GioOwned<GVariant> addresses(gio().variant_lookup_value(results.get(), "uris", texts));
-    if (gio().variant_get_uint32(code.get()) != 0 || !addresses ||
-        gio().variant_n_children(addresses.get()) == 0)
-        return;
+/// What the user has chosen; empty for a cancelled dialog.
+std::string chosenIn(const PortalDialog& dialog) {
+    const auto addresses = dialog.result("uris", "as");
+    if (!addresses || gio().variant_n_children(addresses.get()) == 0) return {};
     const GioOwned<GVariant> first(gio().variant_get_child_value(addresses.get(), 0));
-    response.path = pathOf(gio().variant_get_string(first.get(), nullptr));
+    return pathOf(gio().variant_get_string(first.get(), nullptr));
 }
 
 std::string hexadecimal(I4 number) {
@@ -79,38 +46,27 @@ std::string hexadecimal(I4 number) {
     return digits;
 }
 
-/// The desktop portal's dialog; nothing where there is no portal.
+/// The desktop portal's dialog; nothing where there is no portal, or none any more.
 std::optional<std::string> askPortal(const std::string& title, I4 owner) {
     if (!gio().gio.isPresent()) return std::nullopt;
-    OwnLoop loop;
-    const MessageBus bus(G_BUS_TYPE_SESSION);
-    if (!bus) return std::nullopt;
-    std::string sender = gio().dbus_connection_get_unique_name(bus.connection());
-    sender.erase(0, 1);
-    std::ranges::replace(sender, '.', '_');
-    const std::string token = "tovera";
-    const auto request = "/org/freedesktop/portal/desktop/request/" + sender + '/' + token;
-    Response response;
-    gio().dbus_connection_signal_subscribe(bus.connection(), "org.freedesktop.portal.Desktop",
-                                           "org.freedesktop.portal.Request", "Response", request.c_str(),
-                                           nullptr, G_DBUS_SIGNAL_FLAGS_NONE, take, &response, nullptr);
+    PortalDialog dialog;
     const auto parent = owner == 0 ? std::string() : "x11:" + hexadecimal(owner);
-    const auto asked = bus.call("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
-                                "org.freedesktop.portal.FileChooser", "OpenFile",
-                                busTuple({busText(parent), busText(title),
-                                          busOptions({{"handle_token", busText(token)},
-                                                      {"directory", busTruth(true)},
-                                                      {"modal", busTruth(true)}})}));
-    if (!asked) return std::nullopt;
+    if (!dialog.ask("org.freedesktop.portal.FileChooser", "OpenFile",
+                    busTuple({busText(parent), busText(title),
+                              busOptions({PortalDialog::ownOption(),
+                                          {"directory", busTruth(true)},
+                                          {"modal", busTruth(true)}})})))
+        return std::nullopt;
     constexpr int betweenLooks = 20;  // milliseconds
     constexpr int looksInASecond = 1000 / betweenLooks;
-    for (int looks = 1; !response.isThere; ++looks) {
-        loop.iterate();
+    auto state = dialog.look();
+    for (int looks = 1; state == PortalDialog::State::Open; ++looks) {
         pumpHostLoop();
         poll(nullptr, 0, betweenLooks);
+        state = dialog.look();
         if (looks % looksInASecond == 0 && !displayAnswers()) break;  // nobody will answer any more
     }
-    return response.path;
+    return state == PortalDialog::State::Gone ? std::nullopt : std::optional(chosenIn(dialog));
 }
 
 #else

@@ -20,9 +20,6 @@ struct GioLibrary {
 
     Bound<decltype(g_free)> free_memory{glib, "g_free"};
     Bound<decltype(g_error_free)> error_free{glib, "g_error_free"};
-    Bound<decltype(g_reload_user_special_dirs_cache)> reload_user_special_dirs_cache{
-        glib, "g_reload_user_special_dirs_cache"};
-    Bound<decltype(g_get_user_special_dir)> get_user_special_dir{glib, "g_get_user_special_dir"};
     Bound<decltype(g_main_context_default)> main_context_default{glib, "g_main_context_default"};
     Bound<decltype(g_main_context_get_thread_default)> main_context_get_thread_default{
         glib, "g_main_context_get_thread_default"};
@@ -33,7 +30,6 @@ struct GioLibrary {
     Bound<decltype(g_main_context_prepare)> main_context_prepare{glib, "g_main_context_prepare"};
     Bound<decltype(g_main_context_query)> main_context_query{glib, "g_main_context_query"};
     Bound<decltype(g_main_context_check)> main_context_check{glib, "g_main_context_check"};
-    Bound<decltype(g_main_context_dispatch)> main_context_dispatch{glib, "g_main_context_dispatch"};
     Bound<decltype(g_main_context_new)> main_context_new{glib, "g_main_context_new"};
     Bound<decltype(g_main_context_unref)> main_context_unref{glib, "g_main_context_unref"};
     Bound<decltype(g_main_context_push_thread_default)> main_context_push_thread_default{
@@ -45,7 +41,6 @@ struct GioLibrary {
     Bound<decltype(g_variant_new_uint32)> variant_new_uint32{glib, "g_variant_new_uint32"};
     Bound<decltype(g_variant_new_handle)> variant_new_handle{glib, "g_variant_new_handle"};
     Bound<decltype(g_variant_new_variant)> variant_new_variant{glib, "g_variant_new_variant"};
-    Bound<decltype(g_variant_new_bytestring)> variant_new_bytestring{glib, "g_variant_new_bytestring"};
     Bound<decltype(g_variant_new_dict_entry)> variant_new_dict_entry{glib, "g_variant_new_dict_entry"};
     Bound<decltype(g_variant_new_array)> variant_new_array{glib, "g_variant_new_array"};
     Bound<decltype(g_variant_new_tuple)> variant_new_tuple{glib, "g_variant_new_tuple"};
@@ -75,7 +70,9 @@ struct GioLibrary {
     Bound<decltype(g_app_info_get_default_for_uri_scheme)> app_info_get_default_for_uri_scheme{
         gio, "g_app_info_get_default_for_uri_scheme"};
     Bound<decltype(g_app_info_get_executable)> app_info_get_executable{gio, "g_app_info_get_executable"};
-    Bound<decltype(g_app_info_get_commandline)> app_info_get_commandline{gio, "g_app_info_get_commandline"};
+    Bound<decltype(g_app_launch_context_new)> app_launch_context_new{gio, "g_app_launch_context_new"};
+    Bound<decltype(g_app_launch_context_unsetenv)> app_launch_context_unsetenv{
+        gio, "g_app_launch_context_unsetenv"};
     Bound<decltype(g_app_info_launch)> app_info_launch{gio, "g_app_info_launch"};
     Bound<decltype(g_app_info_launch_uris)> app_info_launch_uris{gio, "g_app_info_launch_uris"};
     Bound<decltype(g_bus_get_sync)> bus_get_sync{gio, "g_bus_get_sync"};
@@ -93,15 +90,12 @@ struct GioLibrary {
         gio, "g_dbus_connection_get_unique_name"};
     Bound<decltype(g_dbus_connection_signal_subscribe)> dbus_connection_signal_subscribe{
         gio, "g_dbus_connection_signal_subscribe"};
-    Bound<decltype(g_dbus_connection_signal_unsubscribe)> dbus_connection_signal_unsubscribe{
-        gio, "g_dbus_connection_signal_unsubscribe"};
+    Bound<decltype(g_dbus_connection_is_closed)> dbus_connection_is_closed{gio,
+                                                                           "g_dbus_connection_is_closed"};
     Bound<decltype(g_dbus_connection_close_sync)> dbus_connection_close_sync{gio,
                                                                              "g_dbus_connection_close_sync"};
     Bound<decltype(g_unix_fd_list_new)> unix_fd_list_new{gio, "g_unix_fd_list_new"};
     Bound<decltype(g_unix_fd_list_append)> unix_fd_list_append{gio, "g_unix_fd_list_append"};
-    Bound<decltype(g_desktop_app_info_new_from_filename)> desktop_app_info_new_from_filename{
-        gio, "g_desktop_app_info_new_from_filename"};
-    Bound<decltype(g_file_get_uri)> file_get_uri{gio, "g_file_get_uri"};
 };
 
 inline GioLibrary& gio() {

@@ -195,17 +195,20 @@ std::vector<std::string> faultsOf(std::string_view text) {
     static const std::set<std::string> verbs{"@open",     "@openwith", "@program",
                                              "@terminal", "@logind",   "@dbus"};
     std::vector<std::string> faults;
+    const auto report = [&](const std::string& key, std::string_view fault, std::string_view what = {}) {
+        faults.emplace_back(key).append(": ").append(fault).append(what);
+    };
     const auto sections = readTable(text);
     for (const auto& [key, lines] : sections) {
-        if (lines.empty()) faults.push_back(key + ": no line");
+        if (lines.empty()) report(key, "no line");
         for (const auto& [desktop, command] : lines) {
-            if (!desktops.contains(desktop)) faults.push_back(key + ": desktop " + desktop);
+            if (!desktops.contains(desktop)) report(key, "desktop ", desktop);
             if (command.empty() || command[0].empty()) {
-                faults.push_back(key + ": no command");
+                report(key, "no command");
             } else if (desktop == "=" && !sections.contains(command[0])) {
-                faults.push_back(key + ": goes on with " + command[0]);
+                report(key, "goes on with ", command[0]);
             } else if (command[0][0] == '@' && !verbs.contains(command[0])) {
-                faults.push_back(key + ": verb " + command[0]);
+                report(key, "verb ", command[0]);
             }
         }
     }

@@ -19,7 +19,7 @@ std::vector<LauncherCommand> launcherCommands(std::string_view line,
 std::vector<std::string> desktopNames();
 
 /// What is wrong with the form of a table, one line a fault.
-std::vector<std::string> faultsOf(std::string_view table);
+std::vector<std::string> faultsOf(std::string_view text);
 std::string_view launcherTable();
 
 }  // namespace tovera

@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "frame/failure_marks.h"
 #include "frame/utf8.h"
 #include "platform/linux/files/file_errors.h"
 #include "platform/linux/files/file_facts.h"
@@ -48,8 +49,8 @@ void writeTwin(const std::string& link) {
     const auto read = readLink(bytes.view());
     if (!read) return;
     const auto entry = entryBeside(link);
-    const auto text = entryFor(*read, nameIn(link));
-    if (const int error = changeFile(entry, [&](std::string_view) { return text; })) raiseFileError(error);
+    const auto text = [&](std::string_view) { return entryFor(*read, nameIn(link)); };
+    if (const int error = changeFile(entry, text)) raiseFileError(error);
     const auto autostart = userFolder("XDG_CONFIG_HOME") + "/autostart/";
     chmod(entry.c_str(), folderOf(entry) == autostart ? 0644 : 0755);
 }
@@ -77,14 +78,20 @@ class FilesWithLinks : public LinuxFiles {
         if (!twin.empty()) unlink(twin.c_str());
     }
     void rename(const Bstr& oldPath, const Bstr& newPath) override {
-        const auto twin = markedTwinOf(foundHostPath(oldPath));
+        const auto from = foundHostPath(oldPath);
+        const auto twin = markedTwinOf(from);
         const auto to = hostPath(newPath);
-        if (!twin.empty() && isLinkName(to)) expectFreePlace(foundPath(to));
+        const bool goesAlong = !twin.empty() && isLinkName(to);
+        const bool keepsItsName = goesAlong && entryBeside(foundPath(to)) == twin;
+        if (goesAlong && !keepsItsName) expectFreePlace(foundPath(to));
         LinuxFiles::rename(oldPath, newPath);
-        if (twin.empty()) return;
-        unlink(twin.c_str());
-        const auto link = foundHostPath(newPath);
-        if (isLinkName(link)) writeTwin(link);
+        try {
+            if (goesAlong) writeTwin(foundHostPath(newPath));
+        } catch (...) {
+            FailuresIgnored()([&] { LinuxFiles::rename(newPath, Bstr(fromUtf8(from))); });
+            throw;
+        }
+        if (!twin.empty() && !keepsItsName) unlink(twin.c_str());
     }
 };
 

@@ -18,6 +18,7 @@ GVariant* busTuple(const std::vector<GVariant*>& values) {
 
 GVariant* busOptions(const std::vector<std::pair<std::string, GVariant*>>& options) {
     std::vector<GVariant*> entries;
+    entries.reserve(options.size());
     for (const auto& [name, value] : options)
         entries.push_back(gio().variant_new_dict_entry(busText(name), gio().variant_new_variant(value)));
     // The macro for a type would hide a call.

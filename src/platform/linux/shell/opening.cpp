@@ -4,14 +4,18 @@
 
 #include <cstdlib>
 #include <fcntl.h>
+#include <memory>
 #include <mutex>
+#include <vector>
 
 #include "frame/utf8.h"
 #include "platform/linux/files/file_descriptor.h"
 #include "platform/linux/files/file_facts.h"
 #include "platform/linux/files/file_url.h"
-#include "platform/linux/shell/message_bus.h"
+#include "platform/linux/shell/portal_dialog.h"
 #include "platform/linux/shell/programs.h"
+#include "platform/linux/shell/spawn_settings.h"
+#include "platform/program_streams.h"
 
 namespace tovera {
 namespace {
@@ -52,14 +56,52 @@ void flushBus() {
     if (bus) gio().dbus_connection_flush_sync(bus.get(), nullptr, GioError().out());
 }
 
+using LaunchContext = GioOwned<GAppLaunchContext>;
+
+/// The host's environment without what belongs to the host's own start.
+LaunchContext contextForOthers() {
+    LaunchContext context(gio().app_launch_context_new());
+    for (const auto* const own : ownStartVariables) gio().app_launch_context_unsetenv(context.get(), own);
+    return context;
+}
+
 bool launch(GAppInfo* app, const std::string& target) {
     std::string address = target;
     const auto file = isAddress(target) ? nullptr : fileOf(target);
     GList targets{file ? static_cast<void*>(file.get()) : address.data(), nullptr, nullptr};
     const auto start = file ? gio().app_info_launch.address() : gio().app_info_launch_uris.address();
-    const bool started = start(app, &targets, nullptr, GioError().out()) != 0;
+    const bool started = start(app, &targets, contextForOthers().get(), GioError().out()) != 0;
     if (started) flushBus();
     return started;
+}
+
+/// The dialogs that nobody has waited for, as long as the user looks at them.
+class OpenDialogs {
+  public:
+    void keep(std::unique_ptr<PortalDialog> dialog) {
+        const std::lock_guard guard(mutex_);
+        dropClosed();
+        dialogs_.push_back(std::move(dialog));
+    }
+    bool areThere() {
+        const std::lock_guard guard(mutex_);
+        dropClosed();
+        return !dialogs_.empty();
+    }
+
+  private:
+    void dropClosed() {
+        std::erase_if(dialogs_,
+                      [](const auto& dialog) { return dialog->look() != PortalDialog::State::Open; });
+    }
+    std::mutex mutex_;
+    std::vector<std::unique_ptr<PortalDialog>> dialogs_;
+};
+
+/// Never given back: the bus's own thread may still be at work when the process ends.
+OpenDialogs& openDialogs() {
+    static auto& all = *std::make_unique<OpenDialogs>().release();
+    return all;
 }
 
 }  // namespace
@@ -86,7 +128,8 @@ bool openByDesktop(const std::string& target) {
 bool startProgramFor(const std::string& type) {
     if (!gio().gio.isPresent()) return false;
     const auto app = appFor(type);
-    const bool isStarted = app && gio().app_info_launch(app.get(), nullptr, nullptr, GioError().out()) != 0;
+    const bool isStarted =
+        app && gio().app_info_launch(app.get(), nullptr, contextForOthers().get(), GioError().out()) != 0;
     if (isStarted) flushBus();
     return isStarted;
 }
@@ -94,28 +137,27 @@ bool startProgramFor(const std::string& type) {
 bool openWithDialog(const std::string& path) {
     if (!gio().gio.isPresent()) return false;
     const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    MessageBus bus(G_BUS_TYPE_SESSION);
-    if (!file.isOpen() || !bus) return false;
+    if (!file.isOpen()) return false;
+    auto dialog = std::make_unique<PortalDialog>();
     const GioOwned<GUnixFDList> files(gio().unix_fd_list_new());
     const int handle = gio().unix_fd_list_append(files.get(), file.get(), GioError().out());
-    auto* const arguments = busTuple({busText(""), gio().variant_new_handle(handle),
-                                      busOptions({{"ask", busTruth(true)}, {"writable", busTruth(true)}})});
-    const GioOwned<GVariant> answer(gio().dbus_connection_call_with_unix_fd_list_sync(
-        bus.connection(), "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
-        "org.freedesktop.portal.OpenURI", "OpenFile", arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
-        files.get(), nullptr, nullptr, GioError().out()));
-    if (!answer) return false;
-    // The portal closes the dialog when its asker leaves the bus.
-    static std::mutex mutex;
-    static std::vector<MessageBus> kept;
-    const std::lock_guard guard(mutex);
-    kept.push_back(std::move(bus));
-    return true;
+    auto* const options =
+        busOptions({PortalDialog::ownOption(), {"ask", busTruth(true)}, {"writable", busTruth(true)}});
+    if (!dialog->ask("org.freedesktop.portal.OpenURI", "OpenFile",
+                     busTuple({busText(""), gio().variant_new_handle(handle), options}), files.get()))
+        return false;
+    return openDialogs().keep(std::move(dialog)), true;
+}
+
+bool hasOpenDialog() {
+    return openDialogs().areThere();
 }
 
 }  // namespace tovera
 
 #else  // built without GIO
+
+#include "platform/program_streams.h"
 
 namespace tovera {
 
@@ -132,6 +174,9 @@ bool startProgramFor(const std::string&) {
     return false;
 }
 bool openWithDialog(const std::string&) {
+    return false;
+}
+bool hasOpenDialog() {
     return false;
 }
 

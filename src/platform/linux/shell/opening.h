@@ -25,7 +25,7 @@ bool openByDesktop(const std::string& target);
 /// Starts the desktop's own program for a type, with no file.
 bool startProgramFor(const std::string& type);
 
-/// Lets the user choose a program for a file: the desktop's own dialog.
+/// Lets the user choose a program for a file: the desktop's own dialog, which closes when this process ends.
 bool openWithDialog(const std::string& path);
 
 }  // namespace tovera

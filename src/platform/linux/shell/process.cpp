@@ -2,7 +2,9 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -20,23 +22,53 @@ struct Report {
     int error = ECHILD;
 };
 
-/// What the program gets: the host's environment without what belongs to the host's own start.
-std::vector<char*> environmentForOthers() {
-    std::vector<char*> kept;
-    for (char** variable = environ; *variable; ++variable) {
-        const std::string_view text = *variable;
-        if (!text.starts_with("DESKTOP_STARTUP_ID=") && !text.starts_with("XDG_ACTIVATION_TOKEN="))
-            kept.push_back(*variable);
-    }
-    kept.push_back(nullptr);
-    return kept;
-}
-
 bool readWhole(const FileDescriptor& from, void* target, std::size_t size) {
     ssize_t count = 0;
     do count = read(from.get(), target, size);
     while (count < 0 && errno == EINTR);
     return count == static_cast<ssize_t>(size);
+}
+
+/// Keeps the host's signals waiting: none of its handlers may run in a child that shares its memory.
+class NoSignals {
+  public:
+    NoSignals() {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_SETMASK, &all, &before_);
+    }
+    NoSignals(const NoSignals&) = delete;
+    NoSignals& operator=(const NoSignals&) = delete;
+    ~NoSignals() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+
+  private:
+    sigset_t before_{};
+};
+
+/// The terminal of this process, for it and for what it starts, is none. A session of its own would do the
+/// same, but where the system shares the processor out by sessions, its first program waits for its turn.
+void leaveTerminal() {
+    const FileDescriptor terminal(open("/dev/tty", O_RDWR | O_NOCTTY | O_CLOEXEC));
+    if (terminal.isOpen()) ioctl(terminal.get(), TIOCNOTTY);
+}
+
+/// Starts a program from a child that ends at once, so that its process belongs to nobody here. The child
+/// shares this process's memory, as `posix_spawn` does it too: a host of any size costs the same.
+pid_t startFromChild(const char* name, const SpawnSettings& settings, char* const* arguments,
+                     char* const* environment, int answer) {
+    const NoSignals quiet;
+    // NOLINTBEGIN(clang-analyzer-unix.Vfork,clang-analyzer-security.insecureAPI.vfork): nothing of the host's
+    // is changed.
+    const pid_t child = vfork();
+    if (child == 0) {
+        leaveTerminal();
+        Report report;
+        report.error = posix_spawn(&report.process, name, settings.actions(), settings.attributes(),
+                                   arguments, environment);
+        _exit(write(answer, &report, sizeof report) == sizeof report ? 0 : 1);
+    }
+    // NOLINTEND(clang-analyzer-unix.Vfork,clang-analyzer-security.insecureAPI.vfork)
+    return child;
 }
 
 }  // namespace
@@ -47,7 +79,7 @@ R8 startProcess(const Command& command) {
     for (const auto& argument : command.arguments) arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
     const auto environment = environmentForOthers();
-    SpawnSettings settings(POSIX_SPAWN_SETSID);
+    SpawnSettings settings(POSIX_SPAWN_SETPGROUP);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) settings.streamOnNothing(stream);
     if (!command.folder.empty()) settings.startIn(command.folder.c_str());
     settings.closeOthers();
@@ -56,13 +88,8 @@ R8 startProcess(const Command& command) {
     const FileDescriptor reader(ends[0]);
     FileDescriptor writer(ends[1]);
     Report report;
-    // The process is that of a child that ends at once, so that it belongs to nobody here.
-    const pid_t child = fork();
-    if (child == 0) {
-        report.error = posix_spawn(&report.process, name.c_str(), settings.actions(), settings.attributes(),
-                                   arguments.data(), environment.data());
-        _exit(write(writer.get(), &report, sizeof report) == sizeof report ? 0 : 1);
-    }
+    const pid_t child =
+        startFromChild(name.c_str(), settings, arguments.data(), environment.data(), writer.get());
     { const FileDescriptor closed = std::move(writer); }
     // Its end is waited for before its report is read: so this process wakes up only once.
     while (child > 0 && waitpid(child, nullptr, 0) < 0 && errno == EINTR) {

@@ -30,7 +30,7 @@ std::optional<FoundProgram> findProgram(const std::string& name) {
         const auto folder = rest.substr(0, end);
         more = end != std::string_view::npos;
         if (more) rest.remove_prefix(end + 1);
-        const auto found = programAt((folder.empty() ? "." : std::string(folder)) + '/' + name);
+        auto found = programAt((folder.empty() ? "." : std::string(folder)) + '/' + name);
         if (found && found->mayRun) return found;
         if (found && !mayNotRun) mayNotRun = found;
     }

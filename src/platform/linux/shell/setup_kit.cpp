@@ -34,8 +34,7 @@ class LinuxSetupKit : public SetupKit {
         link.target = targetOf(textOf(target));
         link.folder = link.target.substr(0, link.target.rfind(u'\\') + 1);
         link.arguments = textOf(arguments);
-        const auto bytes = linkBytes(link);
-        lastError() = changeFile(file, [&](std::string_view) { return bytes; });
+        lastError() = changeFile(file, [&](std::string_view) { return linkBytes(link); });
         return lastError() == 0 ? 1 : 0;
     }
 };

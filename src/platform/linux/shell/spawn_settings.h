@@ -1,11 +1,30 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <csignal>
 #include <fcntl.h>
 #include <spawn.h>
+#include <string_view>
 #include <unistd.h>
+#include <vector>
 
 namespace tovera {
+
+/// What a desktop tells a program of its own start, which is none of others' affair.
+inline constexpr std::array ownStartVariables{"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"};
+
+/// The host's environment without them, for `posix_spawn`.
+inline std::vector<char*> environmentForOthers() {
+    std::vector<char*> kept;
+    for (char** variable = environ; *variable; ++variable) {
+        const std::string_view text = *variable;
+        if (std::ranges::find(ownStartVariables, text.substr(0, text.find('='))) == ownStartVariables.end())
+            kept.push_back(*variable);
+    }
+    kept.push_back(nullptr);
+    return kept;
+}
 
 /// How a program is started so that it gets nothing of the host: no signal blocked or ignored, no open file
 /// beyond the standard streams, and those as told here.

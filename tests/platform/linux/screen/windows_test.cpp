@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <chrono>
+#include <cstring>
 #include <thread>
 
 #include "platform/linux/own_display.h"
@@ -20,10 +22,11 @@ struct LinuxWindows : ::testing::Test {
         if (!screen.isThere() || !(display = XDisplay::open())) GTEST_SKIP() << "no Xvfb here";
     }
 
-    xcb_window_t addWindow(const std::string& title, const char* type = nullptr) {
+    xcb_window_t addWindow(const std::string& title, const char* type = nullptr, std::uint32_t colour = 0) {
         const auto window = xcb().generate_id(display->connection());
         xcb().create_window(display->connection(), XCB_COPY_FROM_PARENT, window, display->root(), 10, 10, 200,
-                            100, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+                            100, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL,
+                            &colour);
         if (!title.empty()) setText(window, "_NET_WM_NAME", "UTF8_STRING", title);
         if (type) setNumbers(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, {display->atom(type)});
         xcb().map_window(display->connection(), window);
@@ -48,6 +51,20 @@ struct LinuxWindows : ::testing::Test {
         const auto asked = xcb().get_window_attributes(display->connection(), window);
         const auto facts = display->reply(xcb().get_window_attributes_reply, asked);
         return facts && facts->map_state != XCB_MAP_STATE_UNMAPPED;
+    }
+
+    /// What a user sees where the windows lie, a number a pixel.
+    std::vector<std::uint32_t> pixels() {
+        const EntryPoint<decltype(xcb_get_image)> getImage(xcb().library, "xcb_get_image");
+        const EntryPoint<decltype(xcb_get_image_reply)> answer(xcb().library, "xcb_get_image_reply");
+        const EntryPoint<decltype(xcb_get_image_data)> data(xcb().library, "xcb_get_image_data");
+        const auto image = display->reply(
+            answer, getImage(display->connection(), std::uint8_t{XCB_IMAGE_FORMAT_Z_PIXMAP}, display->root(),
+                             std::int16_t{0}, std::int16_t{0}, std::uint16_t{220}, std::uint16_t{120}, ~0U));
+        std::vector<std::uint32_t> seen(image ? std::size_t{image->length} : 0);
+        if (image) std::memcpy(seen.data(), data(image.get()), seen.size() * sizeof seen[0]);
+        for (auto& pixel : seen) pixel &= 0xFFFFFFU;
+        return seen;
     }
 
     OwnDisplay screen;
@@ -95,6 +112,7 @@ TEST_F(LinuxWindows, ByTitleFromTheTop) {
     for (const auto* const other : {"M\xEAme", "m\xEAme titre", ""})
         EXPECT_EQ(port.FindWindowA(none, {other}), 0);
     EXPECT_EQ(port.FindWindowA({"Other"}, {""}), 0);
+    EXPECT_EQ(port.FindWindowA(none, none), numberOf(foreign)) << "any";
 }
 
 TEST_F(LinuxWindows, PanelsAreHiddenAndComeBack) {
@@ -112,6 +130,24 @@ TEST_F(LinuxWindows, PanelsAreHiddenAndComeBack) {
     object.Montrer_BarreDesTaches();
     EXPECT_TRUE(isMapped(panel) && isMapped(second));
     EXPECT_FALSE(isMapped(own)) << "hidden by its own program";
+}
+
+TEST_F(LinuxWindows, NoPixelOfAHiddenPanelIsLeft) {
+    constexpr std::uint32_t blue = 0x0000FF;
+    constexpr std::uint32_t red = 0xFF0000;
+    addWindow("Fond", nullptr, blue);
+    const auto before = pixels();
+    ASSERT_EQ(before.size(), 220U * 120U);
+    EXPECT_EQ(std::ranges::count(before, blue), 200 * 100);
+    addWindow("", "_NET_WM_WINDOW_TYPE_DOCK", red);
+    const auto with = pixels();
+    EXPECT_EQ(std::ranges::count(with, red), 200 * 100);
+    for (int time = 0; time < 2; ++time) {
+        object.Cacher_BarreDesTaches();
+        EXPECT_TRUE(pixels() == before);
+        object.Montrer_BarreDesTaches();
+        EXPECT_TRUE(pixels() == with);
+    }
 }
 
 TEST_F(LinuxWindows, AreRaisedThroughTheWindowManager) {

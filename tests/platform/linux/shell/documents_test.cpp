@@ -1,9 +1,6 @@
-#include <sys/socket.h>
-#include <sys/un.h>
-
 #include "frame/utf8.h"
+#include "platform/linux/answering_display.h"
 #include "platform/linux/child_process.h"
-#include "platform/linux/own_desktop.h"
 #include "platform/linux/shell/dialogs.h"
 #include "platform/linux/shell/folder_picker.h"
 #include "shell/cls_windows.h"
@@ -39,8 +36,22 @@ TEST_F(LinuxDocuments, AreOpenedByTheDesktopsProgram) {
     if (run("TrouveExecutable(\"C:\\un texte.txt\")") == "\n") GTEST_SKIP() << "no GIO here";
     EXPECT_EQ(run("TrouveExecutable(\"c:\\UN TEXTE.TXT\")"), program + "\n");
     EXPECT_EQ(run("TrouveExecutable(\"" + program + "\")"), program + "\n") << "a program is its own";
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(desktop / "bin");
+    for (const auto* const relative : {"lecteur", ".\\LECTEUR"})
+        EXPECT_EQ(run("TrouveExecutable(\"" + std::string(relative) + "\")"), program + "\n") << relative;
+    std::filesystem::current_path(before);
     EXPECT_EQ(run("ExecuteFichier(\"C:\\un texte.txt\")"), program + " C:\\un texte.txt\n");
     EXPECT_EQ(desktop.record(), "[lecteur][--entry][" + onC("un texte.txt") + "]\n") << "as its entry says";
+    // What tells of the host's own start stays with the host, also where the desktop's library starts it.
+    std::ofstream(desktop / "bin/lecteur")
+        << "#!/bin/sh\n"
+           "echo \"${DESKTOP_STARTUP_ID-none}${XDG_ACTIVATION_TOKEN-none}\" "
+           ">\"$TOVERA_RECORD\"\n";
+    for (const auto* const own : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"})
+        desktop.variables.set(own, "mine");
+    run("ExecuteFichier(\"C:\\un texte.txt\")");
+    EXPECT_EQ(desktop.record(), "nonenone\n");
     const std::pair<const char*, const char*> failures[] = {{"C:\\aucun.txt", "Fichier non trouvé\n"},
                                                             {"C:\\aucun\\a.txt", "Répertoire non trouvé\n"},
                                                             {"C:\\octets", "no association\n"},
@@ -121,28 +132,13 @@ TEST(LinuxFolders, SpecialOnesAreTheUsersOwn) {
     EXPECT_TRUE(std::filesystem::is_directory(desktop / "Pictures"));
 }
 
-/// A display that only answers, which is all that the choice of a dialog looks at.
-struct AnsweringDisplay {
-    explicit AnsweringDisplay(OwnDesktop& desktop) : listener(socket(AF_UNIX, SOCK_STREAM, 0)) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        const auto path = desktop / "run/wayland-9";
-        path.copy(address.sun_path, path.size());
-        const auto* const place = reinterpret_cast<const sockaddr*>(&address);
-        isThere = bind(listener, place, sizeof address) == 0 && listen(listener, 50) == 0;
-        desktop.variables.set("WAYLAND_DISPLAY", "wayland-9");
-    }
-    ~AnsweringDisplay() { close(listener); }
-    int listener;
-    bool isThere = false;
-};
-
 /// What the services show for a text, in a process without a terminal: on standard error.
-std::string shownOnError(const OwnDesktop& desktop, std::u16string_view text) {
+std::string shownOnError(const OwnDesktop& desktop, std::u16string_view text,
+                         I4 flags = messageFlags::information) {
     return resultOf(start([&] {
                dup2(open("/dev/null", O_RDONLY), 0);
                dup2(open((desktop / "error").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), 2);
-               return home().services.messageBox(Bstr(text), 16, Bstr(u"-T\u00EAte")) - 1;
+               return home().services.messageBox(Bstr(text), flags, Bstr(u"-T\u00EAte")) - 1;
            })) == 0
                ? contentOf(desktop / "error")
                : "failed";
@@ -158,7 +154,11 @@ TEST(LinuxDialogs, ShowTextsAsTheyAre) {
     EXPECT_EQ(shownOnError(desktop, text), "");
     EXPECT_EQ(desktop.record(),
               "[kdialog][--title=-Tête][--msgbox=<qt>--&lt;b>a &amp; b&lt;/b>\\\\n<br/>`id` $(x)</qt>]\n");
+    EXPECT_EQ(shownOnError(desktop, u"x", messageFlags::stop), "");
+    EXPECT_EQ(desktop.record(), "[kdialog][--title=-Tête][--error=<qt>x</qt>]\n");
     desktop.removeProgram("kdialog");
+    EXPECT_EQ(shownOnError(desktop, u"x", messageFlags::stop), "");
+    EXPECT_EQ(desktop.record(), "[zenity][--error][--no-markup][--title=-Tête][--text=x]\n");
     EXPECT_EQ(shownOnError(desktop, text), "");
     EXPECT_EQ(desktop.record(),
               "[zenity][--info][--no-markup][--title=-Tête][--text=--<b>a & b</b>\\\\n\n`id` $(x)]\n");

@@ -3,7 +3,9 @@
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <termios.h>
 
+#include "platform/linux/child_process.h"
 #include "platform/linux/own_desktop.h"
 #include "platform/linux/shell/command_line.h"
 #include "platform/linux/shell/launchers.h"
@@ -76,8 +78,8 @@ TEST(LinuxLaunch, NothingOfTheHostIsInherited) {
                               "for n in 0 2 3 4 5 6 7 8 9 10 20 50; do [ -e /proc/self/fd/$n ] && "
                               "/bin/readlink /proc/self/fd/$n; done\n"
                               "echo \"${DESKTOP_STARTUP_ID-none}${XDG_ACTIVATION_TOKEN-none}\"\n"
-                              "read -r pid a b c group session rest </proc/self/stat; echo $((session == "
-                           << getsid(0)
+                              "read -r pid a b c group session rest </proc/self/stat; echo $((group == "
+                           << getpgid(0)
                            << "))\n"
                               "/bin/mv \"$TOVERA_RECORD.new\" \"$TOVERA_RECORD\"\n";
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);
@@ -102,6 +104,23 @@ TEST(LinuxLaunch, NothingOfTheHostIsInherited) {
     if (const auto place = recorded.find(ofTheLibrary); place != std::string::npos)
         recorded.replace(place, ofTheLibrary.size(), ofTheLibrary.size(), '0');
     EXPECT_EQ(recorded, "0000000000000000\n0000000000000000\n/dev/null\n/dev/null\nnonenone\n0\n");
+}
+
+/// A host on a terminal, whose keys and end are no affair of what it starts.
+TEST(LinuxLaunch, TheTerminalStaysTheHosts) {
+    const OwnDesktop desktop;
+    const auto program = desktop / "bin/asker";
+    std::ofstream(program) << "#!/bin/sh\n(: </dev/tty) 2>/dev/null && line=terminal || line=none\n"
+                              "echo $line >>\"$TOVERA_RECORD\"\n";
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    EXPECT_EQ(resultOf(start([&] {
+                  const int master = posix_openpt(O_RDWR | O_NOCTTY);
+                  if (grantpt(master) != 0 || unlockpt(master) != 0 || setsid() < 0) return 1;
+                  const int terminal = open(ptsname(master), O_RDWR);
+                  launchCommand("asker");
+                  return desktop.record() == "none\n" && tcgetsid(terminal) == getpid() ? 0 : 2;
+              })),
+              0);
 }
 
 TEST(LinuxLaunch, TheTableIsWellFormed) {
@@ -166,6 +185,41 @@ TEST(LinuxLaunchers, EveryLineLeadsSomewhereOnEveryDesktop) {
         }
     }
     EXPECT_TRUE(launcherCommands("rundll32 unknown.dll,Entry", {"GNOME"}).empty());
+}
+
+/// What a recorder of the first program that a line leads to has to note; empty where a line leads to none.
+std::string recordOf(const std::vector<LauncherCommand>& commands) {
+    for (auto command : commands) {
+        if (command[0] == "@terminal") {
+            command.erase(command.begin());
+            command.insert(command.begin(), {"xterm", "-e"});
+        }
+        if (command[0][0] == '@') continue;  // what only a bus or a library can do
+        std::string record;
+        for (const auto& word : command) record += '[' + word + ']';
+        return record + '\n';
+    }
+    return {};
+}
+
+TEST(LinuxLaunchers, EveryLineStartsTheFirstOfItsPrograms) {
+    for (const auto* const name : {"GNOME", "KDE", "XFCE", "LXQT", "MATE", "X-CINNAMON"}) {
+        const OwnDesktop desktop(name);
+        desktop.addProgram("xterm");
+        for (const auto& line : allLines()) {
+            for (const auto& command : launcherCommands(line, {name})) {
+                const auto& program = command[command[0] == "@terminal" ? 1 : 0];
+                if (program[0] != '@') desktop.addProgram(program);
+            }
+        }
+        for (const auto& line : allLines()) {
+            const auto expected = recordOf(launcherCommands(line, {name}));
+            EXPECT_EQ(errorOf([&] { launchCommand(line); }), expected.empty() ? 53 : 0)
+                << name << ' ' << line;
+            if (expected.empty()) continue;
+            EXPECT_EQ(desktop.record(), expected) << name << ' ' << line;
+        }
+    }
 }
 
 TEST(LinuxLaunchers, PagesOfTheDesktopThatRuns) {

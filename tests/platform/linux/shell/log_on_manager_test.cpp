@@ -2,11 +2,8 @@
 
 #include <mutex>
 
-#include "platform/linux/own_desktop.h"
-#include "platform/linux/own_display.h"
-#include "platform/linux/shell/gio_library.h"
+#include "platform/linux/own_bus.h"
 #include "platform/linux/shell/launch.h"
-#include "platform/linux/shell/message_bus.h"
 #include "support/test_platform.h"
 
 namespace tovera::testing {
@@ -23,12 +20,6 @@ struct Session {
 /// A log-on manager of the test's own, on a bus of the test's own: it notes what it is asked to do.
 class Manager {
   public:
-    explicit Manager(const MessageBus& bus) : bus_(bus) {
-        addFilter(bus.connection(), &Manager::heard, this, GDestroyNotify{});
-        bus.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
-                 busTuple({busText("org.freedesktop.login1"), gio().variant_new_uint32(0)}));
-    }
-
     void be(const Session& session) {
         const std::lock_guard guard(mutex_);
         session_ = session;
@@ -40,20 +31,6 @@ class Manager {
     }
 
   private:
-    template <class Function>
-    using Bound = EntryPoint<Function>;
-
-    static GDBusMessage* heard(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
-                               gpointer self) {
-        auto& manager = *static_cast<Manager*>(self);
-        if (!incoming || manager.typeOf(message) != G_DBUS_MESSAGE_TYPE_METHOD_CALL) return message;
-        const GioOwned<GDBusMessage> answer(manager.replyTo(message));
-        manager.setBody(answer.get(), manager.answerTo(manager.memberOf(message), manager.bodyOf(message)));
-        manager.send(connection, answer.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
-        gio().object_unref(message);
-        return nullptr;
-    }
-
     GVariant* answerTo(const std::string& member, GVariant* body) {
         const std::lock_guard guard(mutex_);
         if (member != "Get") {
@@ -72,37 +49,20 @@ class Manager {
         return busTruth(name == "Active" ? session_.active : session_.remote);
     }
 
-    SharedLibrary& library_ = gio().gio;
-    Bound<decltype(g_dbus_connection_add_filter)> addFilter{library_, "g_dbus_connection_add_filter"};
-    Bound<decltype(g_dbus_connection_send_message)> send{library_, "g_dbus_connection_send_message"};
-    Bound<decltype(g_dbus_message_get_message_type)> typeOf{library_, "g_dbus_message_get_message_type"};
-    Bound<decltype(g_dbus_message_get_member)> memberOf{library_, "g_dbus_message_get_member"};
-    Bound<decltype(g_dbus_message_get_body)> bodyOf{library_, "g_dbus_message_get_body"};
-    Bound<decltype(g_dbus_message_set_body)> setBody{library_, "g_dbus_message_set_body"};
-    Bound<decltype(g_dbus_message_new_method_reply)> replyTo{library_, "g_dbus_message_new_method_reply"};
-
-    const MessageBus& bus_;
     std::mutex mutex_;
     Session session_;
     std::string asked_;
+    BusService service_{
+        G_BUS_TYPE_SYSTEM, "org.freedesktop.login1",
+        [this](GDBusMessage*, const std::string& member, GVariant* body) { return answerTo(member, body); }};
 };
 
 TEST(LinuxLogOnManager, IsAskedOnlyByWhoSitsInFrontOfTheMachine) {
     OwnDesktop desktop("Other");
-    const auto daemon = findProgramOfMachine("dbus-daemon");
-    if (!gio().gio.isPresent() || daemon.empty()) GTEST_SKIP() << "no GIO or no bus here";
-    const auto address = "unix:path=" + (desktop / "run/bus");
-    std::ofstream(desktop / "bus.conf")
-        << "<busconfig><type>system</type><listen>" << address
-        << "</listen><auth>EXTERNAL</auth><policy context=\"default\"><allow send_destination=\"*\" "
-           "eavesdrop=\"true\"/><allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>\n";
-    const RunningProgram bus({daemon, "--nofork", "--config-file=" + (desktop / "bus.conf")});
-    for (int tries = 200; tries > 0 && !std::filesystem::exists(desktop / "run/bus"); --tries)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    desktop.variables.set("DBUS_SYSTEM_BUS_ADDRESS", address);
-    const MessageBus own(G_BUS_TYPE_SYSTEM);
-    ASSERT_TRUE(own) << "only on the test's own bus";
-    Manager manager(own);
+    const OwnBus bus(desktop, "system", "DBUS_SYSTEM_BUS_ADDRESS");
+    if (!bus.isThere()) GTEST_SKIP() << "no GIO or no bus here";
+    ASSERT_TRUE(MessageBus(G_BUS_TYPE_SYSTEM)) << "only on the test's own bus";
+    Manager manager;
     const std::pair<Session, I4> rows[] = {
         {{}, 0},
         {{"wayland"}, 0},

@@ -1,5 +1,6 @@
 #include "frame/utf8.h"
 #include "platform/files.h"
+#include "platform/linux/child_process.h"
 #include "platform/linux/own_desktop.h"
 #include "platform/linux/own_display.h"
 #include "platform/linux/shell/desktop_entry.h"
@@ -32,6 +33,7 @@ struct LinuxShortcuts : ::testing::Test {
     std::filesystem::path before = std::filesystem::current_path();
     struct : TestServices {
         ComponentFacts facts() override { return home().services.facts(); }
+        ScreenFacts screen() override { return home().services.screen(); }
         std::string toAnsi(std::u16string_view text) override { return home().services.toAnsi(text); }
         std::u16string fromAnsi(std::string_view bytes) override { return home().services.fromAnsi(bytes); }
     } services;
@@ -90,6 +92,14 @@ TEST_F(LinuxShortcuts, TheEntryGoesWhereTheLinkGoes) {
     files.rename(u"C:\\lien.LNK", u"C:\\Autre.lnk");
     EXPECT_TRUE(exists("Autre.lnk") && exists("Autre.desktop") && !exists("Lien.desktop"));
     EXPECT_TRUE(isEntryOf(contentOf(onC("Autre.desktop")), "Autre.lnk"));
+    files.rename(u"C:\\Autre.lnk", u"C:\\Autre.LNK");
+    EXPECT_TRUE(isEntryOf(contentOf(onC("Autre.desktop")), "Autre.LNK"));
+    // Where the entry can't be written, both stay as they were.
+    EXPECT_TRUE(succeedsOnFullDisk(16, [&](auto&&) {
+        const auto error = errorOf([&] { files.rename(u"C:\\Autre.lnk", u"C:\\Plein.lnk"); });
+        return error == 61 && exists("Autre.LNK") && exists("Autre.desktop") && !exists("Plein.lnk") ? 0 : 1;
+    }));
+    files.rename(u"C:\\Autre.LNK", u"C:\\Autre.lnk");
     files.copy(u"C:\\Autre.lnk", u"C:\\Lien.lnk");
     files.rename(u"C:\\Autre.lnk", u"C:\\texte.txt");
     EXPECT_FALSE(exists("Autre.desktop"));

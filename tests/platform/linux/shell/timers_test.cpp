@@ -53,8 +53,8 @@ TEST(LinuxWait, TheLastCallerDecidesForAll) {
             std::vector<pid_t> waiters;
             for (int i = 0; i < 6; ++i)
                 waiters.push_back(start([&] {
-                    Cls_Windows().Wait(first);
-                    return 0;
+                    // None ends before the last one's time, also where it asked for less.
+                    return secondsOf([&] { Cls_Windows().Wait(first); }) < second ? 1 : 0;
                 }));
             std::this_thread::sleep_for(300ms);
             Cls_Windows().Wait(second);
@@ -137,6 +137,15 @@ TEST(LinuxWait, ServesTheLoopOfAGLibHost) {
     EXPECT_GE(waited, 1.0);
     EXPECT_LT(waited, 1.2) << "a source that is always ready holds nobody";
     removeSource(busySource);
+    // A handler that waits, too, arms the same timer anew.
+    const auto waitsToo = [](gpointer) -> gboolean {
+        Cls_Windows().Wait(1);
+        return G_SOURCE_REMOVE;
+    };
+    addTimeout(300, waitsToo, nullptr);
+    const auto nested = secondsOf([] { Cls_Windows().Wait(1); });
+    EXPECT_GE(nested, 1.3);
+    EXPECT_LT(nested, 1.6);
     // Another thread serves the loop: it isn't taken from it.
     auto* const context = gio().main_context_default();
     ASSERT_TRUE(gio().main_context_acquire(context));
