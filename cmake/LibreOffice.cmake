@@ -54,13 +54,14 @@ target_link_libraries(tovera_office PRIVATE tovera_c)
 foreach(file tovera.components CalcAddIns.xcu description.xml META-INF/manifest.xml)
     configure_file(${office_sources}/extension/${file} ${office_build}/extension/${file} @ONLY)
     list(APPEND extension_files ${file})
+    list(APPEND extension_depends ${office_build}/extension/${file})
 endforeach()
 set(extension_library libtovera.so.${PROJECT_VERSION_MAJOR})
 add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/tovera.oxt
     COMMAND ${CMAKE_COMMAND} -E copy $<TARGET_FILE:tovera_c> ${office_build}/extension/${extension_library}
     COMMAND ${CMAKE_COMMAND} -E chdir ${office_build}/extension ${CMAKE_COMMAND} -E tar cf ${CMAKE_BINARY_DIR}/tovera.oxt
             --format=zip ${extension_files} cell_functions.rdb libtovera_office.so ${extension_library}
-    DEPENDS tovera_office tovera_c ${office_build}/extension/cell_functions.rdb VERBATIM)
+    DEPENDS tovera_office tovera_c ${office_build}/extension/cell_functions.rdb ${extension_depends} VERBATIM)
 add_custom_target(tovera_oxt ALL DEPENDS ${CMAKE_BINARY_DIR}/tovera.oxt)
 
 if(TOVERA_TESTS)

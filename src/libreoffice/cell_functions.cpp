@@ -1,6 +1,7 @@
 #include "libreoffice/cell_functions.h"
 
 #include <chrono>
+#include <com/sun/star/lang/IllegalArgumentException.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/lang/XServiceName.hpp>
 #include <com/sun/star/util/Date.hpp>
@@ -60,6 +61,12 @@ double firstDayOf(const Document& document) {
         (sys_days(year(first.Year) / month(first.Month) / day(first.Day)) - origin).count());
 }
 
+/// An argument that a cell has to give: Err:502 without it.
+const Any& required(const Any& argument) {
+    if (!argument.hasValue()) throw css::lang::IllegalArgumentException();
+    return argument;
+}
+
 Any movedBy(double days, const Any& date) {
     double number = 0;
     return (date >>= number) ? Any(number + days) : date;
@@ -69,7 +76,7 @@ class CellFunctions final
     : public cppu::WeakImplHelper3<XCellFunctions, css::lang::XServiceInfo, css::lang::XServiceName> {
   public:
     Any SAL_CALL nombreEnLettres(const Any& nombre) override {
-        return forEachCell({nombre}, [](const Values& cell) {
+        return forEachCell({required(nombre)}, [](const Values& cell) {
             return Component("Cls_Conversion").call("ConvertirNombreEnLettre", {cell[0], Any(false)});
         });
     }
@@ -77,7 +84,7 @@ class CellFunctions final
     Any SAL_CALL montantEnLettres(const Any& montant, const Any& monnaie, const Any& petiteMonnaie) override {
         const auto unit = monnaie.hasValue() ? monnaie : Any(OUString("euro"));
         const auto hundredth = petiteMonnaie.hasValue() ? petiteMonnaie : Any(OUString("centime"));
-        return forEachCell({montant, unit, hundredth}, [](const Values& cell) {
+        return forEachCell({required(montant), unit, hundredth}, [](const Values& cell) {
             Component conversion("Cls_Conversion");
             conversion.call("IntituleMonnaie", {cell[1]}, TOVERA_WRITE);
             conversion.call("IntitulePetiteMonnaie", {cell[2]}, TOVERA_WRITE);
@@ -87,28 +94,30 @@ class CellFunctions final
 
     Any SAL_CALL paques(const Document& document, const Any& annee) override {
         const auto first = firstDayOf(document);
-        return forEachCell({annee}, [=](const Values& cell) {
+        return forEachCell({required(annee)}, [=](const Values& cell) {
             return movedBy(-first, Component("Cls_Date").call("Paques", cell));
         });
     }
 
     Any SAL_CALL joursOuvrables(const Document& document, const Any& debut, const Any& fin) override {
         const auto first = firstDayOf(document);
-        return forEachCell({debut, fin}, [=](const Values& cell) {
+        return forEachCell({required(debut), required(fin)}, [=](const Values& cell) {
             return Component("Cls_Date")
                 .call("NBJoursOuvrables", {movedBy(first, cell[0]), movedBy(first, cell[1])});
         });
     }
 
     Any SAL_CALL joursOuvrablesDuMois(const Any& annee, const Any& mois) override {
-        return ofDates("NBJoursOuvrablesParMois", {annee, mois});
+        return ofDates("NBJoursOuvrablesParMois", {required(annee), required(mois)});
     }
     Any SAL_CALL secondesEnHeure(const Any& secondes) override {
-        return ofDates("SecondeEnHeure", {secondes});
+        return ofDates("SecondeEnHeure", {required(secondes)});
     }
-    Any SAL_CALL heureEnSecondes(const Any& heure) override { return ofDates("HeureEnSeconde", {heure}); }
+    Any SAL_CALL heureEnSecondes(const Any& heure) override {
+        return ofDates("HeureEnSeconde", {required(heure)});
+    }
     Any SAL_CALL chrono(const Any& depart, const Any& arrivee) override {
-        return ofDates("Chrono", {depart, arrivee});
+        return ofDates("Chrono", {required(depart), required(arrivee)});
     }
 
     OUString SAL_CALL getServiceName() override { return fromUtf8(cellFunctionsName); }

@@ -16,6 +16,26 @@ bool isByReference(const tovera_member& member, std::size_t argument) {
     return argument < member.parameter_count && member.parameters[argument].mode != TOVERA_BY_VALUE;
 }
 
+using GivenArguments = std::array<std::optional<Given>, mostArguments>;
+
+/// Hands over what the call has made of its variables. Basic takes the first value for the first argument and
+/// so on, whatever the indexes say, so that those in front of a changed one go back as they came.
+void giveBack(Objects& objects, const Sequence<Any>& arguments, const GivenArguments& given,
+              Sequence<sal_Int16>& indexes, Sequence<Any>& values) {
+    sal_Int32 count = 0;
+    for (sal_Int32 i = 0; i < arguments.getLength(); ++i) {
+        if (given[static_cast<std::size_t>(i)]->isChanged()) count = i + 1;
+    }
+    if (count == 0) return;
+    indexes.realloc(count);
+    values.realloc(count);
+    for (sal_Int32 i = 0; i < count; ++i) {
+        const auto& argument = *given[static_cast<std::size_t>(i)];
+        indexes.getArray()[i] = static_cast<sal_Int16>(i);
+        values.getArray()[i] = argument.isChanged() ? toOffice(objects, argument.value()) : arguments[i];
+    }
+}
+
 }  // namespace
 
 const Member& ComponentObject::memberNamed(const OUString& name) {
@@ -30,7 +50,7 @@ Any ComponentObject::call(const tovera_member& member, unsigned flags, const Seq
                           Sequence<sal_Int16>* outIndexes, Sequence<Any>* outValues) {
     const auto count = arguments.getLength();
     if (count > mostArguments) raise(Number::WrongArgumentCount);
-    std::array<std::optional<Given>, mostArguments> given;
+    GivenArguments given;
     std::array<tovera_value, mostArguments> values;
     for (sal_Int32 i = 0; i < count; ++i) {
         const auto at = static_cast<std::size_t>(i);
@@ -45,15 +65,7 @@ Any ComponentObject::call(const tovera_member& member, unsigned flags, const Seq
     if (tovera_invoke(self.get(), member.id, flags, values.data(), static_cast<std::size_t>(count), &result,
                       &failure) != 0)
         raise(failure);
-    for (sal_Int32 i = 0; outIndexes && i < count; ++i) {
-        const auto& argument = given[static_cast<std::size_t>(i)];
-        if (!argument->isChanged()) continue;
-        const auto next = outIndexes->getLength();
-        outIndexes->realloc(next + 1);
-        outValues->realloc(next + 1);
-        outIndexes->getArray()[next] = static_cast<sal_Int16>(i);
-        outValues->getArray()[next] = toOffice(*objects, argument->value());
-    }
+    if (outIndexes) giveBack(*objects, arguments, given, *outIndexes, *outValues);
     return toOffice(*objects, result);
 }
 

@@ -27,8 +27,8 @@ enum class Number : sal_Int32 {
     TypeMismatch = 13,
     NoSuchMember = 438,
     OfAnObject = 440,
-    NotACollection = 451,
     WrongArgumentCount = 450,
+    NotACollection = 451,
 };
 
 /// Characters of 16 bits, which the office has as numbers.

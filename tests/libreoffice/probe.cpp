@@ -46,9 +46,10 @@ class Probe final : public cppu::WeakImplHelper1<css::script::XInvocation> {
         return {};
     }
     void SAL_CALL setValue(const OUString& name, const Any&) override { getValue(name); }
-    /// Its name is a number, which is the error that reading it raises; the control of a form that does so.
+    /// A form whose members fail.
     Any SAL_CALL getValue(const OUString& name) override {
         if (name.equalsIgnoreAsciiCase("name")) fail(76, "raised by the host");
+        if (name.equalsIgnoreAsciiCase("hwnd")) fail(380, "raised by the host");
         return {};
     }
     sal_Bool SAL_CALL hasMethod(const OUString& name) override { return !hasProperty(name); }
