@@ -32,8 +32,14 @@ int32_t messageBox(void* data, const char* text, int32_t flags, const char* titl
     return button;
 }
 
-void pump(void* data) {
-    guarded([=] { processEvents(bridgeOf(data).context()); });
+/// An office that is going down ends the wait.
+int32_t pump(void* data) {
+    int32_t number = static_cast<int32_t>(Number::OfAnObject);
+    guarded([&] {
+        processEvents(bridgeOf(data).context());
+        number = 0;
+    });
+    return number;
 }
 
 tovera_object* createObject(void* data, const char* progId) {
