@@ -35,5 +35,4 @@ Sub ErrorsRun
     Has "array of numbers", Failing(CreateUnoService("KADRELDLL.Cls_Traduction"), "array"), "13 "
     Has "object instead of a number", Failing(words, "object", words), "13 "
     Same "usable afterwards", words.ConvertirNombreEnLettre(1, False), "un"
-    CompatibleRun
 End Sub
