@@ -75,5 +75,10 @@ if(TOVERA_TESTS)
         COMMAND ${CMAKE_COMMAND} -E chdir ${probe_build} ${CMAKE_COMMAND} -E tar cf ${office_build}/probe.oxt --format=zip
                 probe.components META-INF/manifest.xml libprobe.so
         DEPENDS probe VERBATIM)
+    # Steps of the program as Basic, for the transcripts.
+    file(GLOB basic_steps_sources CONFIGURE_DEPENDS tools/basic_steps/*.cpp)
+    add_executable(basic_steps ${basic_steps_sources})
+    target_include_directories(basic_steps PRIVATE tools)
+    target_link_libraries(basic_steps PRIVATE tovera_cli tovera_options)
     add_custom_target(tovera_oxt_probe ALL DEPENDS ${office_build}/probe.oxt)
 endif()

@@ -12,6 +12,10 @@ namespace {
 /// More than any member has.
 constexpr sal_Int32 mostArguments = 8;
 
+uint16_t typeOf(const tovera_member& member, std::size_t argument) {
+    return argument < member.parameter_count ? member.parameters[argument].type : uint16_t{TOVERA_VARIANT};
+}
+
 bool isByReference(const tovera_member& member, std::size_t argument) {
     return argument < member.parameter_count && member.parameters[argument].mode != TOVERA_BY_VALUE;
 }
@@ -54,7 +58,7 @@ Any ComponentObject::call(const tovera_member& member, unsigned flags, const Seq
     std::array<tovera_value, mostArguments> values;
     for (sal_Int32 i = 0; i < count; ++i) {
         const auto at = static_cast<std::size_t>(i);
-        auto& argument = given[at].emplace(*objects_, arguments[i]);
+        auto& argument = given[at].emplace(*objects_, arguments[i], typeOf(member, at));
         values[at] = isByReference(member, at) ? argument.asVariable() : argument.value();
     }
     // The object may be let go of in the middle of its own call.

@@ -7,6 +7,7 @@
 #include <com/sun/star/frame/Desktop.hpp>
 #include <cstdlib>
 #include <iostream>
+#include <rtl/process.h>
 #include <string_view>
 
 namespace tovera::office {
@@ -32,10 +33,16 @@ css::awt::MessageBoxType typeOf(sal_Int32 flags) {
     return css::awt::MessageBoxType_MESSAGEBOX;
 }
 
-/// Whether the office runs without windows: it then names the screen that it draws on nowhere.
+/// Whether the office was started without windows: it then lets every box go by unseen.
 bool isHeadless() {
     const auto* const screen = std::getenv("SAL_USE_VCLPLUGIN");
-    return screen && std::string_view(screen) == "svp";
+    if (screen && std::string_view(screen) == "svp") return true;
+    for (sal_uInt32 i = 0; i < rtl_getAppCommandArgCount(); ++i) {
+        OUString argument;
+        rtl_getAppCommandArg(i, &argument.pData);
+        if (argument == "--headless" || argument == "-headless") return true;
+    }
+    return false;
 }
 
 }  // namespace

@@ -106,7 +106,7 @@ Any arrayOf(const tovera_array* array) {
 
 }  // namespace
 
-Given::Given(Objects& objects, const Any& value) : value_(tovera_of_type(TOVERA_EMPTY)) {
+Given::Given(Objects& objects, const Any& value, uint16_t wanted) : value_(tovera_of_type(TOVERA_EMPTY)) {
     using namespace css::uno;
     switch (value.getValueTypeClass()) {
         case TypeClass_VOID:
@@ -152,7 +152,8 @@ Given::Given(Objects& objects, const Any& value) : value_(tovera_of_type(TOVERA_
             break;
         case TypeClass_INTERFACE:
             object_ = objects.toComponent(held<Reference<XInterface>>(value));
-            value_ = tovera_of_object(object_.get());
+            value_ = object_ || wanted == TOVERA_OBJECT ? tovera_of_object(object_.get())
+                                                        : tovera_of_type(TOVERA_NULL);
             break;
         default:
             value_ = structOf(value);

@@ -9,8 +9,9 @@ namespace tovera::office {
 /// this one. As a variable it may have another value after the call.
 class Given {
   public:
-    /// Error 13 for what no type of the component stands for.
-    Given(Objects& objects, const Any& value);
+    /// Error 13 for what no type of the component stands for. Basic has one value for Nothing and Null:
+    /// `wanted`, the type that the component declares, tells them apart.
+    Given(Objects& objects, const Any& value, uint16_t wanted = TOVERA_VARIANT);
     Given(const Given&) = delete;
     Given& operator=(const Given&) = delete;
     ~Given() { tovera_clear(&value_); }
