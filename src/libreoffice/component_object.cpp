@@ -62,15 +62,14 @@ Any ComponentObject::call(const tovera_member& member, unsigned flags, const Seq
         values[at] = isByReference(member, at) ? argument.asVariable() : argument.value();
     }
     // The object may be let go of in the middle of its own call.
-    const auto objects = objects_;
-    const auto self = Handle::shared(handle_.get());
+    const Reference<XInterface> self(static_cast<cppu::OWeakObject*>(this));
     Value result;
     Failure failure;
-    if (tovera_invoke(self.get(), member.id, flags, values.data(), static_cast<std::size_t>(count), &result,
-                      &failure) != 0)
+    if (tovera_invoke(handle_.get(), member.id, flags, values.data(), static_cast<std::size_t>(count),
+                      &result, &failure) != 0)
         raise(failure);
-    if (outIndexes) giveBack(*objects, arguments, given, *outIndexes, *outValues);
-    return toOffice(*objects, result);
+    if (outIndexes) giveBack(*objects_, arguments, given, *outIndexes, *outValues);
+    return toOffice(*objects_, result);
 }
 
 Any ComponentObject::invoke(const OUString& name, const Sequence<Any>& arguments,
