@@ -33,6 +33,7 @@ Sub Main
     HostsRun
     CellsRun
     InvoiceRun
+    LeaksRun
     CompatibleRun ' last: its Err object hides the texts of later errors from plain modules
     Goto Done
 Failed:

@@ -38,7 +38,7 @@ Sub ValuesRun
     Same "element", u(2), "Été"
     Same "element without message", u(3), ""
 
-    For i = 1 To 20000
+    For i = 1 To 200
         maths = CreateUnoService("KADRELDLL.Cls_Math")
     Next
     Same "objects made and dropped", maths.Hypothenuse(0, 0, 3, 4), 5.0
