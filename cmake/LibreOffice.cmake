@@ -4,6 +4,9 @@ set(TOVERA_OFFICE_ROOT "" CACHE PATH "Root folder of the system that has LibreOf
 set(office ${TOVERA_OFFICE_ROOT}/usr/lib/libreoffice)
 set(office_headers ${TOVERA_OFFICE_ROOT}/usr/include/libreoffice)
 set(office_libraries ${TOVERA_OFFICE_ROOT}/usr/lib/${CMAKE_LIBRARY_ARCHITECTURE})
+if(TOVERA_SANITIZE)
+    return() # the office is not built for them
+endif()
 if(NOT EXISTS ${office}/sdk/bin/cppumaker.bin OR NOT EXISTS ${office}/program/types/offapi.rdb)
     message(STATUS "The LibreOffice extension is left out: no libreoffice-dev in ${TOVERA_OFFICE_ROOT}/usr")
     return()

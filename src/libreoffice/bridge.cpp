@@ -34,7 +34,7 @@ int32_t messageBox(void* data, const char* text, int32_t flags, const char* titl
 
 /// An office that is going down ends the wait.
 int32_t pump(void* data) {
-    int32_t number = static_cast<int32_t>(Number::OfAnObject);
+    auto number = static_cast<int32_t>(Number::OfAnObject);
     guarded([&] {
         processEvents(bridgeOf(data).context());
         number = 0;
@@ -57,7 +57,7 @@ constexpr tovera_services services{sizeof(tovera_services), messageBox, pump, cr
 
 }  // namespace
 
-Bridge::Bridge(Context context) : context_(std::move(context)), host_(tovera_host_new(&services, this)) {
+Bridge::Bridge(const Context& context) : context_(context), host_(tovera_host_new(&services, this)) {
     if (!host_) throw std::bad_alloc();
 }
 

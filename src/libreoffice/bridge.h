@@ -12,7 +12,7 @@ namespace tovera::office {
 /// office's: message boxes, the loop of events, objects by the names of their services.
 class Bridge final : public Objects, public std::enable_shared_from_this<Bridge> {
   public:
-    explicit Bridge(Context context);
+    explicit Bridge(const Context& context);
 
     /// A new object of a class.
     Reference<XInterface> create(const tovera_class& wanted);

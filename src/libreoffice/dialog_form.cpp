@@ -36,8 +36,9 @@ constexpr std::array<NamedText, 4> texts{{
 
 class FormItem : public OfficeObject {
   public:
-    FormItem(std::shared_ptr<Objects> objects, Reference<XInterface> object, Reference<XPropertySet> model)
-        : objects_(std::move(objects)), object_(std::move(object)), model_(std::move(model)) {}
+    FormItem(std::shared_ptr<Objects> objects, const Reference<XInterface>& object,
+             const Reference<XPropertySet>& model)
+        : objects_(std::move(objects)), object_(object), model_(model) {}
 
     Reference<XInterface> office() const override { return object_; }
 
@@ -93,7 +94,7 @@ class FormItem : public OfficeObject {
 
 class Control final : public FormItem {
   public:
-    Control(std::shared_ptr<Objects> objects, Reference<XPropertySet> model)
+    Control(std::shared_ptr<Objects> objects, const Reference<XPropertySet>& model)
         : FormItem(std::move(objects), model, model) {}
 
     Handle query(const tovera_interface_id& asked) override {
@@ -148,7 +149,7 @@ Reference<XPropertySet> formModelOf(const Reference<XInterface>& object) {
     const bool isForm = Reference<css::awt::XControlModel>(model, UNO_QUERY).is() ||
                         Reference<css::form::XForm>(model, UNO_QUERY).is();
     if (!isForm || !Reference<XNameContainer>(model, UNO_QUERY).is()) return {};
-    return Reference<XPropertySet>(model, UNO_QUERY);
+    return {model, UNO_QUERY};
 }
 
 Handle formOf(std::shared_ptr<Objects> objects, const Reference<XInterface>& object) {

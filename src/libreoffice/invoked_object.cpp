@@ -20,14 +20,13 @@ Reference<XInvocation> invocationOf(const Context& context, const Reference<XInt
     const Reference<css::lang::XSingleServiceFactory> maker(
         context->getServiceManager()->createInstanceWithContext("com.sun.star.script.Invocation", context),
         css::uno::UNO_QUERY_THROW);
-    return Reference<XInvocation>(maker->createInstanceWithArguments(listOf(Any(object))),
-                                  css::uno::UNO_QUERY_THROW);
+    return {maker->createInstanceWithArguments(listOf(Any(object))), css::uno::UNO_QUERY_THROW};
 }
 
 class EnumerationWalk final : public Walk {
   public:
-    EnumerationWalk(std::shared_ptr<Objects> objects, Reference<css::container::XEnumeration> elements)
-        : objects_(std::move(objects)), elements_(std::move(elements)) {}
+    EnumerationWalk(std::shared_ptr<Objects> objects, const Reference<css::container::XEnumeration>& elements)
+        : objects_(std::move(objects)), elements_(elements) {}
     bool next(tovera_value& element) override {
         if (!elements_->hasMoreElements()) return false;
         put(*objects_, elements_->nextElement(), element);
@@ -41,8 +40,8 @@ class EnumerationWalk final : public Walk {
 
 class IndexWalk final : public Walk {
   public:
-    IndexWalk(std::shared_ptr<Objects> objects, Reference<css::container::XIndexAccess> elements)
-        : objects_(std::move(objects)), elements_(std::move(elements)) {}
+    IndexWalk(std::shared_ptr<Objects> objects, const Reference<css::container::XIndexAccess>& elements)
+        : objects_(std::move(objects)), elements_(elements) {}
     bool next(tovera_value& element) override {
         if (next_ >= elements_->getCount()) return false;
         put(*objects_, elements_->getByIndex(next_++), element);

@@ -24,7 +24,7 @@ Reference<css::awt::XToolkit2> toolkitOf(const Context& context) {
 Reference<css::awt::XWindowPeer> currentWindow(const Context& context) {
     const auto frame = css::frame::Desktop::create(context)->getCurrentFrame();
     if (!frame.is()) return {};
-    return Reference<css::awt::XWindowPeer>(frame->getContainerWindow(), UNO_QUERY);
+    return {frame->getContainerWindow(), UNO_QUERY};
 }
 
 css::awt::MessageBoxType typeOf(sal_Int32 flags) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <com/sun/star/uno/Any.hxx>
 #include <com/sun/star/uno/Reference.hxx>
 #include <com/sun/star/uno/Sequence.hxx>
@@ -37,13 +38,13 @@ inline const char16_t* charactersOf(const OUString& text) {
 }
 inline OUString textOf(const char16_t* characters, std::size_t length) {
     if (!characters) return {};
-    return OUString(reinterpret_cast<const sal_Unicode*>(characters), static_cast<sal_Int32>(length));
+    return {reinterpret_cast<const sal_Unicode*>(characters), static_cast<sal_Int32>(length)};
 }
 
 template <class T, class... More>
 Sequence<T> listOf(const T& first, const More&... more) {
-    const T elements[]{first, more...};
-    return Sequence<T>(elements, static_cast<sal_Int32>(sizeof...(more) + 1));
+    const std::array<T, sizeof...(more) + 1> elements{first, more...};
+    return Sequence<T>(elements.data(), static_cast<sal_Int32>(elements.size()));
 }
 
 inline OUString fromUtf8(const char* text) {

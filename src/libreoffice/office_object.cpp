@@ -76,7 +76,7 @@ std::unique_ptr<Walk> OfficeObject::elements() {
 Handle handleOf(std::unique_ptr<OfficeObject> object) {
     Handle made(tovera_object_new(&functions, object.get()));
     if (!made) throw std::bad_alloc();
-    object.release();
+    static_cast<void>(object.release());
     return made;
 }
 

@@ -1,6 +1,8 @@
 #include "libreoffice/values.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <chrono>
 #include <cmath>
 #include <com/sun/star/bridge/oleautomation/Currency.hpp>
@@ -8,7 +10,7 @@
 #include <com/sun/star/bridge/oleautomation/Decimal.hpp>
 #include <com/sun/star/script/ArrayWrapper.hpp>
 #include <com/sun/star/util/DateTime.hpp>
-#include <cstring>
+#include <cstddef>
 
 #include "libreoffice/failures.h"
 
@@ -185,13 +187,14 @@ void Given::takeArray(const Any& value) {
 void Given::handOver(tovera_value& target) {
     target = value_;
     target.owned = object_ || array_;
-    object_.release();
-    array_.release();
+    static_cast<void>(object_.release());
+    static_cast<void>(array_.release());
     value_ = tovera_of_type(TOVERA_EMPTY);
 }
 
 bool Given::isChanged() const {
-    return std::memcmp(&value_, &before_, sizeof value_) != 0;
+    using Bits = std::array<std::byte, sizeof(tovera_value)>;
+    return std::bit_cast<Bits>(value_) != std::bit_cast<Bits>(before_);
 }
 
 Any toOffice(Objects& objects, const tovera_value& value) {

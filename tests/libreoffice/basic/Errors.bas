@@ -34,5 +34,7 @@ Sub ErrorsRun
     Has "overflow", Failing(CreateUnoService("KADRELDLL.Cls_Date"), "date"), "6 "
     Has "array of numbers", Failing(CreateUnoService("KADRELDLL.Cls_Traduction"), "array"), "13 "
     Has "object instead of a number", Failing(words, "object", words), "13 "
+    Dim list As New Collection
+    Has "an object of Basic's own", Failing(words, "object", list), "13 "
     Same "usable afterwards", words.ConvertirNombreEnLettre(1, False), "un"
 End Sub

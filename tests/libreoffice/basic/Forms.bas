@@ -56,4 +56,22 @@ Sub FormsRun
     Same "nothing", traduction.Charger_LangueFeuille(Nothing, "C:\caisse.lng"), ""
     dialog.dispose()
     Same "a form that has gone", traduction.Charger_LangueFeuille(dialog, "C:\caisse.lng"), ""
+    DocumentFormRun
+End Sub
+
+Sub DocumentFormRun
+    Dim document, form, button, traduction, profile
+    document = NewSheet()
+    form = CreateUnoService("com.sun.star.form.component.Form")
+    document.Sheets(0).DrawPage.Forms.insertByName("Caisse", form)
+    button = CreateUnoService("com.sun.star.form.component.CommandButton")
+    button.Label = "Encaisser"
+    form.insertByName("Encaisser", button)
+    traduction = CreateUnoService("KADRELDLL.Cls_Traduction")
+    traduction.Sauver_LangueFeuille(form, "C:\caisse.lng")
+    Same "button of a document", Entry("Encaisser.Caption"), "Encaisser"
+    CreateUnoService("KADRELDLL.Cls_InitREG").IniEcrire("Caisse", "Encaisser.Caption", "Cash", "C:\caisse.lng")
+    traduction.Charger_LangueFeuille(form, "C:\caisse.lng")
+    Same "its translation", button.Label, "Cash"
+    document.close(True)
 End Sub

@@ -1,3 +1,5 @@
+Dim pumped As Boolean
+
 ' Objects of the host that fail in the middle of a call, and such that come back.
 Sub HostsRun
     Dim traduction, probe, windows, internet, back
@@ -19,4 +21,17 @@ Sub HostsRun
     windows = CreateUnoService("KADRELDLL.Cls_Windows")
     Has "the number of an error inside the host's object", Failing(windows, "hwnd", probe), "380 "
     Has "an error inside the host's object", Failing(windows, "hwnd", probe), "raised by the host"
+
+    EnableReschedule(False) ' Basic itself would serve it between two statements
+    pumped = False
+    CreateUnoService("com.sun.star.awt.AsyncCallback").addCallback( _
+        CreateUnoListener("Pumped_", "com.sun.star.awt.XCallback"), Empty)
+    Same "an event that waits", pumped, False
+    windows.Wait(1)
+    Same "served while a member waits", pumped, True
+    EnableReschedule(True)
+End Sub
+
+Sub Pumped_notify(data)
+    pumped = True
 End Sub
