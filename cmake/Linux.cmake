@@ -19,6 +19,7 @@ target_include_directories(tovera PUBLIC
 
 
 include(CInterface)
+include(LibreOffice)
 include(Program)
 include(Python)
 

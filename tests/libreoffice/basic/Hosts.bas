@@ -1,0 +1,37 @@
+Dim pumped As Boolean
+
+' Objects of the host that fail in the middle of a call, and such that come back.
+Sub HostsRun
+    Dim traduction, probe, windows, internet, back
+    traduction = CreateUnoService("KADRELDLL.Cls_Traduction")
+    probe = CreateUnoService("tovera.tests.Probe")
+    Same "a form that raises", traduction.Sauver_LangueFeuille(probe, "C:\probe.lng"), ""
+    Same "a form that has no parts", traduction.Charger_LangueFeuille(StarDesktop, "C:\probe.lng"), "Fichier inexistant."
+
+    internet = CreateUnoService("KADRELDLL.Cls_Internet")
+    internet.NSession = probe
+    back = internet.NSession
+    Same "the same object", EqualUnoObjects(back, probe), True
+    internet.NSession = internet
+    back = internet.NSession
+    Same "an object of its own", EqualUnoObjects(back, internet), True
+    internet.NSession = Nothing
+    Same "no object", IsNull(internet.NSession), True
+
+    windows = CreateUnoService("KADRELDLL.Cls_Windows")
+    Has "the number of an error inside the host's object", Failing(windows, "hwnd", probe), "380 "
+    Has "an error inside the host's object", Failing(windows, "hwnd", probe), "raised by the host"
+
+    EnableReschedule(False) ' Basic itself would serve it between two statements
+    pumped = False
+    CreateUnoService("com.sun.star.awt.AsyncCallback").addCallback( _
+        CreateUnoListener("Pumped_", "com.sun.star.awt.XCallback"), Empty)
+    Same "an event that waits", pumped, False
+    windows.Wait(1)
+    Same "served while a member waits", pumped, True
+    EnableReschedule(True)
+End Sub
+
+Sub Pumped_notify(data)
+    pumped = True
+End Sub
