@@ -4,6 +4,7 @@
 #include <com/sun/star/script/BasicErrorException.hpp>
 #include <com/sun/star/script/XInvocation.hpp>
 #include <cppuhelper/implbase1.hxx>
+#include <string_view>
 
 #include "libreoffice/office.h"
 
@@ -58,10 +59,37 @@ class Probe final : public cppu::WeakImplHelper1<css::script::XInvocation> {
     }
 };
 
-class ProbeFactory final : public cppu::WeakImplHelper1<css::lang::XSingleComponentFactory> {
+/// A session of a mail program, with its database and documents in one: it keeps what it was asked for.
+class Session final : public cppu::WeakImplHelper1<css::script::XInvocation> {
+  public:
+    Reference<css::beans::XIntrospectionAccess> SAL_CALL getIntrospection() override { return {}; }
+
+    Any SAL_CALL invoke(const OUString& name, const Sequence<Any>& arguments, Sequence<sal_Int16>&,
+                        Sequence<Any>&) override {
+        if (name == "Asked") return Any(asked());
+        OUString first;
+        if (arguments.hasElements()) arguments[0] >>= first;
+        asked() += name + "(" + first + ") ";
+        const bool givesObject = name == "GETDATABASE" || name == "CREATEDOCUMENT";
+        return givesObject ? Any(Reference<XInterface>(static_cast<cppu::OWeakObject*>(this))) : Any();
+    }
+    void SAL_CALL setValue(const OUString& name, const Any&) override { asked() += name + "= "; }
+    Any SAL_CALL getValue(const OUString&) override { return {}; }
+    sal_Bool SAL_CALL hasMethod(const OUString&) override { return true; }
+    sal_Bool SAL_CALL hasProperty(const OUString&) override { return false; }
+
+  private:
+    static OUString& asked() {
+        static OUString all;
+        return all;
+    }
+};
+
+template <class Made>
+class Factory final : public cppu::WeakImplHelper1<css::lang::XSingleComponentFactory> {
   public:
     Reference<XInterface> SAL_CALL createInstanceWithContext(const Context&) override {
-        return static_cast<cppu::OWeakObject*>(new Probe);
+        return static_cast<cppu::OWeakObject*>(new Made);
     }
     Reference<XInterface> SAL_CALL createInstanceWithArgumentsAndContext(const Sequence<Any>&,
                                                                          const Context& context) override {
@@ -72,8 +100,10 @@ class ProbeFactory final : public cppu::WeakImplHelper1<css::lang::XSingleCompon
 }  // namespace
 }  // namespace tovera::office
 
-extern "C" SAL_DLLPUBLIC_EXPORT void* component_getFactory(const char*, void*, void*) {
-    css::uno::Reference<css::lang::XSingleComponentFactory> factory = new tovera::office::ProbeFactory;
+extern "C" SAL_DLLPUBLIC_EXPORT void* component_getFactory(const char* implementation, void*, void*) {
+    using namespace tovera::office;
+    css::uno::Reference<css::lang::XSingleComponentFactory> factory = new Factory<Probe>;
+    if (std::string_view(implementation) == "tovera.tests.Session") factory = new Factory<Session>;
     factory->acquire();
     return factory.get();
 }

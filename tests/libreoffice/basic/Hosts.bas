@@ -18,6 +18,12 @@ Sub HostsRun
     internet.NSession = Nothing
     Same "no object", IsNull(internet.NSession), True
 
+    internet = CreateUnoService("KADRELDLL.Cls_Internet")
+    internet.EcrireEmail_LotusNotes("marie@exemple.fr", "Sujet", "Bonjour", "", False)
+    Same "calls on an object by its service's name", CreateUnoService("Notes.Notessession").Asked(), _
+        "GETDATABASE() OPENMAIL() CREATEDOCUMENT() REPLACEITEMVALUE(Subject) REPLACEITEMVALUE(Body) " & _
+        "REPLACEITEMVALUE(SendTo) SEND() "
+
     windows = CreateUnoService("KADRELDLL.Cls_Windows")
     Has "the number of an error inside the host's object", Failing(windows, "hwnd", probe), "380 "
     Has "an error inside the host's object", Failing(windows, "hwnd", probe), "raised by the host"
