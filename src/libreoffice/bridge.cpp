@@ -70,6 +70,7 @@ Reference<XInterface> Bridge::create(const tovera_class& wanted) {
 }
 
 const Members& Bridge::membersOf(const tovera_class& described) {
+    const std::scoped_lock lock(inUse_);
     return members_.try_emplace(&described, described).first->second;
 }
 

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <mutex>
 
 #include "libreoffice/members.h"
 #include "libreoffice/objects.h"
@@ -28,8 +29,9 @@ class Bridge final : public Objects, public std::enable_shared_from_this<Bridge>
 
     const Members& membersOf(const tovera_class& described);
 
-    Context context_;
+    const Context context_;
     std::unique_ptr<tovera_host, FreeHost> host_;
+    std::mutex inUse_;
     std::map<const tovera_class*, Members> members_;
 };
 

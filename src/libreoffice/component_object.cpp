@@ -42,12 +42,10 @@ void giveBack(Objects& objects, const Sequence<Any>& arguments, const GivenArgum
 
 }  // namespace
 
-const Member& ComponentObject::memberNamed(const OUString& name) {
-    if (latest_ && name.pData == latestName_.pData) return *latest_;
+const Member& ComponentObject::memberNamed(const OUString& name) const {
     const auto* const member = members_.find(name);
     if (!member) raise(Number::NoSuchMember);
-    latestName_ = name;
-    return *(latest_ = member);
+    return *member;
 }
 
 Any ComponentObject::call(const tovera_member& member, unsigned flags, const Sequence<Any>& arguments,

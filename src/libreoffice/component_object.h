@@ -36,16 +36,13 @@ class ComponentObject final : public Invocable {
     Sequence<OUString> SAL_CALL getSupportedServiceNames() override;
 
   private:
-    const Member& memberNamed(const OUString& name);
+    const Member& memberNamed(const OUString& name) const;
     Any call(const tovera_member& member, unsigned flags, const Sequence<Any>& arguments,
              Sequence<sal_Int16>* outIndexes, Sequence<Any>* outValues);
 
     std::shared_ptr<Objects> objects_;
     const Members& members_;
     Handle handle_;
-    // The member of the latest call, found again by its name's identity: loops call one member.
-    OUString latestName_;
-    const Member* latest_ = nullptr;
 };
 
 }  // namespace tovera::office

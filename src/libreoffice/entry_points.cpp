@@ -2,6 +2,7 @@
 #include <cppuhelper/implbase1.hxx>
 #include <cstring>
 #include <memory>
+#include <mutex>
 
 #include "libreoffice/bridge.h"
 #include "libreoffice/cell_functions.h"
@@ -15,8 +16,7 @@ class ClassFactory final : public cppu::WeakImplHelper1<css::lang::XSingleCompon
     explicit ClassFactory(const tovera_class& made) : made_(made) {}
 
     Reference<XInterface> SAL_CALL createInstanceWithContext(const Context& context) override {
-        if (!bridge_ || bridge_->context() != context) bridge_ = std::make_shared<Bridge>(context);
-        return bridge_->create(made_);
+        return bridgeFor(context)->create(made_);
     }
     Reference<XInterface> SAL_CALL createInstanceWithArgumentsAndContext(const Sequence<Any>&,
                                                                          const Context& context) override {
@@ -24,7 +24,14 @@ class ClassFactory final : public cppu::WeakImplHelper1<css::lang::XSingleCompon
     }
 
   private:
+    std::shared_ptr<Bridge> bridgeFor(const Context& context) {
+        const std::scoped_lock lock(inUse_);
+        if (!bridge_ || bridge_->context() != context) bridge_ = std::make_shared<Bridge>(context);
+        return bridge_;
+    }
+
     const tovera_class& made_;
+    std::mutex inUse_;
     std::shared_ptr<Bridge> bridge_;
 };
 

@@ -19,6 +19,8 @@ struct Member {
 class Members {
   public:
     explicit Members(const tovera_class& described);
+    Members(const Members&) = delete;
+    Members& operator=(const Members&) = delete;
 
     /// Null where the class hasn't got it.
     const Member* find(const OUString& name) const;
@@ -32,7 +34,9 @@ class Members {
     };
 
     const tovera_class& described_;
-    std::unordered_map<OUString, Member, Hash> byLowerName_;
+    // Basic asks once for the exact name, and calls by that one then.
+    std::unordered_map<OUString, Member, Hash> byName_;
+    std::unordered_map<OUString, const Member*, Hash> byLowerName_;
 };
 
 }  // namespace tovera::office
