@@ -1,4 +1,4 @@
-/* A first use from C: create by ProgID, call by name, a variable by reference, a failure, an object of one's own. */
+/* A first use from C: create by ProgID, call by name, a variable by reference, a failure, message boxes of one's own. */
 #include <stdio.h>
 #include <string.h>
 #include <tovera/tovera.h>

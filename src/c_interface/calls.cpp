@@ -11,15 +11,6 @@
 namespace tovera::c {
 namespace {
 
-/// RPC_E_WRONG_THREAD: an object of another thread.
-constexpr auto wrongThread = static_cast<ReturnCode>(static_cast<I4>(0x8001010EU));
-
-void requireOwnThread(const tovera_object& object) {
-    if (!object.isOfThisThread())
-        throw AutomationError(wrongThread, u"Cet objet appartient à un autre fil d'exécution",
-                              componentTitle);
-}
-
 /// Runs a member in its frame. What it has changed goes back to the caller's variables on every path.
 ErrorRecord run(Object& object, MemberId member, unsigned flags, std::span<const tovera_value> given,
                 tovera_value* result) {
@@ -47,18 +38,20 @@ MemberId memberNamed(Object& object, const char* name) {
 template <class Find>
 std::int32_t call(tovera_object* handle, Find findMember, unsigned flags,
                   std::span<const tovera_value> arguments, tovera_value* result, tovera_failure* failure) {
-    if (result) *result = tovera_of_type(TOVERA_EMPTY);
-    return guarded(failure, [&]() -> std::int32_t {
+    auto made = tovera_of_type(TOVERA_EMPTY);
+    const auto number = guarded(failure, [&]() -> std::int32_t {
         if (!handle || !handle->object) raise(ErrorNumber::ObjectRequired);
-        requireOwnThread(*handle);
+        requireOwnThread(handle);
         // A callback of the host may release the handle in the middle of the call.
         const auto object = handle->object;
         const auto host = handle->host;
-        const auto record = run(*object, findMember(*object), flags, arguments, result);
+        const auto record = run(*object, findMember(*object), flags, arguments, result ? &made : nullptr);
         if (record.code != ReturnCode::Success) return tell(failure, record);
         if (failure) *failure = {0, 0, ErrorRecord::noArgument, nullptr, nullptr};
         return 0;
     });
+    if (result) *result = made;
+    return number;
 }
 
 }  // namespace
@@ -89,7 +82,7 @@ void tovera_release(tovera_object* object) {
 int32_t tovera_member_named(tovera_object* object, const char* name, int32_t* member) {
     return c::guarded(nullptr, [&] {
         if (!object || !object->object) raise(ErrorNumber::ObjectRequired);
-        c::requireOwnThread(*object);
+        c::requireOwnThread(object);
         *member = c::memberNamed(*object->object, name);
         return 0;
     });

@@ -2,7 +2,6 @@
 
 #include <atomic>
 #include <memory>
-#include <thread>
 
 #include "c_interface/tovera.h"
 #include "platform/platform.h"
@@ -18,17 +17,25 @@ class HostPlatform {
     virtual Platform& platform() = 0;
 };
 
+/// The number of the calling thread, which no later thread gets again.
+inline std::uint64_t ownThread() {
+    static std::atomic<std::uint64_t> last = 0;
+    static thread_local std::uint64_t own = 0;
+    if (own == 0) own = ++last;
+    return own;
+}
+
 }  // namespace tovera::c
 
 struct tovera_object {
     explicit tovera_object(tovera::ObjectRef target, std::shared_ptr<tovera::c::HostPlatform> maker = {})
         : host(std::move(maker)), object(std::move(target)) {}
 
-    bool isOfThisThread() const { return thread == std::this_thread::get_id(); }
+    bool isOfThisThread() const { return thread == tovera::c::ownThread(); }
 
     std::shared_ptr<tovera::c::HostPlatform> host;  ///< outlives the object
     tovera::ObjectRef object;
-    std::thread::id thread = std::this_thread::get_id();
+    std::uint64_t thread = tovera::c::ownThread();
     std::atomic<unsigned> references = 1;
 };
 

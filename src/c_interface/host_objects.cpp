@@ -26,10 +26,15 @@ struct OwnedValue : tovera_value {
 class HostArguments {
   public:
     HostArguments(std::span<Variant> arguments, unsigned flags)
-        : arguments_(arguments), plain_(arguments.size()), given_(arguments.size()) {
+        : arguments_(arguments),
+          plain_(arguments.size()),
+          variables_(arguments.size()),
+          given_(arguments.size()) {
         for (std::size_t i = 0; i < arguments.size(); ++i) {
             put(plain_[i], arguments[i], flags);
-            given_[i] = arguments[i].is<Reference>() ? tovera_by_reference(&plain_[i]) : plain_[i];
+            static_cast<tovera_value&>(variables_[i]) = plain_[i];
+            variables_[i].owned = 0;
+            given_[i] = arguments[i].is<Reference>() ? tovera_by_reference(&variables_[i]) : variables_[i];
         }
     }
     tovera_value* data() { return given_.data(); }
@@ -39,14 +44,15 @@ class HostArguments {
         for (std::size_t i = 0; i < arguments_.size(); ++i) {
             const auto* const reference = arguments_[i].as<Reference>();
             if (!reference) continue;
-            const auto value = plainValue(plain_[i]);
+            const auto value = plainValue(variables_[i]);
             if (value != dereferenced(arguments_[i])) convert.store(*reference, value);
         }
     }
 
   private:
     std::span<Variant> arguments_;
-    std::vector<OwnedValue> plain_;
+    std::vector<OwnedValue> plain_;      ///< what the host gets, which stays the library's
+    std::vector<OwnedValue> variables_;  ///< what the host may assign to
     std::vector<tovera_value> given_;
 };
 

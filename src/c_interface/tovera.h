@@ -211,16 +211,17 @@ typedef struct tovera_host tovera_host;
  * none (429). The services of the object are the host's; NULL stands for those of the system. */
 TOVERA_API tovera_object* tovera_create(tovera_host* host, const char* name, tovera_failure* failure);
 TOVERA_API void tovera_retain(tovera_object* object);
-/* NULL may be released. The last release may come from any thread. */
+/* NULL may be released. The last release may come from any thread, while nobody uses the object or what it
+ * holds. */
 TOVERA_API void tovera_release(tovera_object* object);
 
 /* The identifier of a member, its name in any case; 0, or 438 where the object hasn't got it. */
 TOVERA_API int32_t tovera_member_named(tovera_object* object, const char* name, int32_t* member);
 
 /* Calls a member, and gives the failure's number, or 0. Arguments stand in their order, a written value last.
- * The result is set on every path and is the caller's to clear; NULL where it isn't wanted. Variables by
- * reference have their new values afterwards, after a failure as well. An object belongs to the thread that
- * made it: elsewhere the call fails with the code 0x8001010E. */
+ * The result is set on every path and is the caller's to clear; it is none of the arguments, and NULL where
+ * it isn't wanted. Variables by reference have their new values afterwards, after a failure as well. An
+ * object belongs to the thread that made it: elsewhere the call fails with the code 0x8001010E. */
 TOVERA_API int32_t tovera_invoke(tovera_object* object, int32_t member, unsigned flags,
                                  const tovera_value* arguments, size_t count, tovera_value* result,
                                  tovera_failure* failure);

@@ -6,6 +6,7 @@
 
 #include "c_interface/handles.h"
 #include "frame/error.h"
+#include "frame/services.h"
 #include "frame/utf8.h"
 
 namespace tovera::c {
@@ -102,6 +103,7 @@ Variant plainValue(const tovera_value& value) {
         case TOVERA_UTF8:
             return textOf(value);
         case TOVERA_OBJECT:
+            requireOwnThread(value.as.object);
             return objectOf(value.as.object);
         case TOVERA_ERROR:
             return ErrorCode{value.as.i4};
@@ -128,6 +130,13 @@ void put(tovera_value& target, const Variant& value, unsigned flags) {
         target.type = TOVERA_MISSING;
     else
         std::visit(Putter{target, flags}, value.value());
+}
+
+void requireOwnThread(const tovera_object* handle) {
+    constexpr auto wrongThread = static_cast<ReturnCode>(static_cast<I4>(0x8001010EU));
+    if (handle && !handle->isOfThisThread())
+        throw AutomationError(wrongThread, u"Cet objet appartient à un autre fil d'exécution",
+                              componentTitle);
 }
 
 ObjectRef objectOf(const tovera_object* handle) {

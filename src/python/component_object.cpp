@@ -2,6 +2,7 @@
 
 #include "python/arguments.h"
 #include "python/call.h"
+#include "python/host_handle.h"
 #include "python/host_services.h"
 #include "python/known.h"
 #include "python/lock.h"
@@ -24,9 +25,32 @@ void giveBack(Arguments& arguments, bool hasFailed) {
     }
 }
 
+/// A call may change what the object property holds, also by calls within it. While any is under way nothing
+/// counts as held; afterwards the component is asked.
+class HeldUnknown {
+  public:
+    explicit HeldUnknown(ComponentObject& object) : object_(object) {
+        ++object_.calls;
+        object_.held = nullptr;
+    }
+    HeldUnknown(const HeldUnknown&) = delete;
+    HeldUnknown& operator=(const HeldUnknown&) = delete;
+    ~HeldUnknown() {
+        const auto* const property = object_.ownClass->objectProperty;
+        if (--object_.calls != 0 || !property || !object_.handle) return;
+        Cleared now;
+        if (tovera_invoke(object_.handle, property->id, TOVERA_READ, nullptr, 0, &now, nullptr) == 0)
+            object_.held = hostData(now.as.object);
+    }
+
+  private:
+    ComponentObject& object_;
+};
+
 /// Runs a member. Variables have their new values afterwards, after a failure as well.
 Ref run(ComponentObject& object, const Member& member, unsigned flags, const Passed& passed) {
     if (!object.handle) raise(number::objectRequired);
+    const HeldUnknown unknown(object);
     Arguments arguments(*member.row, passed);
     Cleared result;
     Failure failure;
@@ -95,12 +119,7 @@ int writeProperty(PyObject* self, PyObject* value, void* property) noexcept {
         auto& object = objectOf(self);
         const bool isObject = member->row->parameters[0].type == TOVERA_OBJECT;
         const unsigned flags = isObject ? TOVERA_WRITE | TOVERA_ASSIGN : TOVERA_WRITE;
-        if (object.ownClass->objectProperty == member->row) object.held = nullptr;
-        auto result = run(object, *member, flags, {{&value, 1}, nullptr});
-        const bool isHeld = object.ownClass->objectProperty == member->row && value != Py_None &&
-                            value != known().nothing.get() && !isOneOf(value, known().byRef);
-        if (isHeld) object.held = value;
-        return result;
+        return run(object, *member, flags, {{&value, 1}, nullptr});
     }));
     return done ? 0 : -1;
 }

@@ -13,6 +13,7 @@ struct ComponentObject {
     tovera_object* handle;
     const ComponentClass* ownClass;
     PyObject* held;  ///< what the object's own object property holds; the reference is the component's
+    unsigned calls;  ///< under way; what is held is not known meanwhile
     PyObject* weakReferences;
 };
 

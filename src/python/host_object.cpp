@@ -35,6 +35,8 @@ std::int32_t forComponent(tovera_failure* failure, Body body) noexcept {
         return body();
     } catch (const Raised&) {
         return Call::keepRaised(failure);
+    } catch (abi::__forced_unwind&) {
+        waitForTheEnd();
     } catch (...) {
         return tovera_failure_set(failure, number::outOfMemory, nullptr, nullptr);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Python.h>
+#include <cxxabi.h>
 #include <memory>
 #include <structmember.h>
 
@@ -30,6 +31,10 @@ inline Ref another(PyObject* object) {
     return Ref(object);
 }
 
+/// Python ends other threads with the interpreter, wherever they ask for its lock. What C++ calls can't be
+/// left that way: the thread stops until the process is gone.
+[[noreturn]] void waitForTheEnd();
+
 /// Runs the body of a function that Python calls.
 template <class Body>
 PyObject* forPython(Body body) noexcept {
@@ -37,6 +42,8 @@ PyObject* forPython(Body body) noexcept {
         return body().release();
     } catch (const Raised&) {
         // Python has been told.
+    } catch (abi::__forced_unwind&) {
+        waitForTheEnd();
     } catch (...) {
         PyErr_NoMemory();
     }

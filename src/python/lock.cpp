@@ -13,11 +13,19 @@ namespace {
 /// A thread that comes back when the interpreter ends would be ended by it in the midst of C++, which the
 /// process doesn't survive. It stops here until the process is gone.
 void takeBack() {
-    while (!Py_IsInitialized()) std::this_thread::sleep_for(std::chrono::hours(1));
-    PyEval_RestoreThread(std::exchange(letGo, nullptr));
+    if (!Py_IsInitialized()) waitForTheEnd();
+    try {
+        PyEval_RestoreThread(std::exchange(letGo, nullptr));
+    } catch (abi::__forced_unwind&) {
+        waitForTheEnd();
+    }
 }
 
 }  // namespace
+
+void waitForTheEnd() {
+    while (true) std::this_thread::sleep_for(std::chrono::hours(1));
+}
 
 OthersRun::OthersRun(bool wanted) : active_(wanted && Py_IsInitialized() != 0) {
     if (active_) letGo = PyEval_SaveThread();

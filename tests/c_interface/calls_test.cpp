@@ -97,6 +97,15 @@ TEST_F(Calls, TellFailures) {
     std::string elsewhere;
     std::thread([&] { elsewhere = outcome(words, "ConvertirNombreEnLettre", {one, one}); }).join();
     EXPECT_THAT(elsewhere, HasSubstr("autre fil"));
+    tovera_object* ofAnother = nullptr;
+    std::thread([&] { ofAnother = tovera_create(nullptr, "Cls_Date", nullptr); }).join();
+    std::thread([&] { elsewhere = outcome(ofAnother, "Chrono", {one, one}); }).join();
+    EXPECT_THAT(elsewhere, HasSubstr("autre fil")) << "threads one after the other are not the same";
+    const auto foreign = tovera_of_object(ofAnother);
+    EXPECT_EQ(tovera_call(make("Cls_Internet"), "NSession", TOVERA_ASSIGN, &foreign, 1, nullptr, &failure),
+              static_cast<int32_t>(0x8001010EU));
+    tovera_failure_clear(&failure);
+    tovera_release(ofAnother);
 }
 
 TEST_F(Calls, ReachFormsOfTheHost) {

@@ -12,12 +12,10 @@ class ValuesAcross : public ::testing::Test {
     ValuesAcross() {
         table.members["echo"] = [](auto* arguments, size_t, auto* result, auto*) {
             *result = arguments[0];
-            result->owned = 0;
             return 0;
         };
         table.members["assign"] = [](auto* arguments, size_t, auto*, auto*) {
             *arguments[1].as.reference = arguments[0];
-            arguments[1].as.reference->owned = 0;
             return 0;
         };
     }
