@@ -3,33 +3,15 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "frame/error.h"
 #include "platform/linux/files/file_descriptor.h"
+#include "platform/linux/processes/spawn_settings.h"
 
 namespace tovera {
 namespace {
-
-/// Standard input and errors on nothing, output into the pipe.
-class Streams {
-  public:
-    explicit Streams(int output) {
-        posix_spawn_file_actions_init(&actions_);
-        posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-        posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
-        posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    }
-    Streams(const Streams&) = delete;
-    Streams& operator=(const Streams&) = delete;
-    ~Streams() { posix_spawn_file_actions_destroy(&actions_); }
-    const posix_spawn_file_actions_t* get() const { return &actions_; }
-
-  private:
-    posix_spawn_file_actions_t actions_{};
-};
 
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
@@ -40,9 +22,8 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
 
 std::vector<std::string> englishEnvironment() {
     std::vector<std::string> variables{"LC_ALL=C"};
-    for (char** variable = environ; *variable; ++variable) {
-        if (!std::string_view(*variable).starts_with("LC_ALL=")) variables.emplace_back(*variable);
-    }
+    for (const auto* const variable : environmentForOthers())
+        if (variable && !std::string_view(variable).starts_with("LC_ALL=")) variables.emplace_back(variable);
     return variables;
 }
 
@@ -72,10 +53,14 @@ std::optional<ProgramOutput> runProgram(std::vector<std::string> arguments) {
     const FileDescriptor output(ends[0]);
     FileDescriptor input(ends[1]);
     auto variables = englishEnvironment();
-    const Streams streams(input.get());
+    SpawnSettings settings;
+    settings.allStreamsOnNothing();
+    settings.stream(STDOUT_FILENO, input.get());
+    settings.closeOthers();
     pid_t process = 0;
-    const int error = posix_spawnp(&process, arguments.front().c_str(), streams.get(), nullptr,
-                                   pointersTo(arguments).data(), pointersTo(variables).data());
+    const int error =
+        posix_spawnp(&process, arguments.front().c_str(), settings.actions(), settings.attributes(),
+                     pointersTo(arguments).data(), pointersTo(variables).data());
     if (error == ENOENT || error == ENOTDIR || error == EACCES) return {};
     if (error != 0) raise(ErrorNumber::InvalidCall);
     input = FileDescriptor();

@@ -17,7 +17,7 @@ inline constexpr std::array ownStartVariables{"DESKTOP_STARTUP_ID", "XDG_ACTIVAT
 /// The host's environment without them, for `posix_spawn`.
 inline std::vector<char*> environmentForOthers() {
     std::vector<char*> kept;
-    for (char** variable = environ; *variable; ++variable) {
+    for (char** variable = environ; variable && *variable; ++variable) {
         const std::string_view text = *variable;
         if (std::ranges::find(ownStartVariables, text.substr(0, text.find('='))) == ownStartVariables.end())
             kept.push_back(*variable);
@@ -48,6 +48,10 @@ class SpawnSettings {
         posix_spawnattr_destroy(&attributes_);
     }
 
+    /// Standard input, output and errors; what is to be read or heard is told afterwards.
+    void allStreamsOnNothing() {
+        for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) streamOnNothing(stream);
+    }
     void stream(int number, int file) { posix_spawn_file_actions_adddup2(&actions_, file, number); }
     void streamOnNothing(int number) {
         posix_spawn_file_actions_addopen(&actions_, number, "/dev/null", O_RDWR, 0);

@@ -15,10 +15,10 @@
 #include "frame/services.h"
 #include "frame/utf8.h"
 #include "platform/linux/files/file_descriptor.h"
+#include "platform/linux/processes/spawn_settings.h"
 #include "platform/linux/shell/host_loop.h"
 #include "platform/linux/shell/launchers.h"
 #include "platform/linux/shell/programs.h"
-#include "platform/linux/shell/spawn_settings.h"
 
 namespace tovera {
 namespace {

@@ -12,9 +12,9 @@
 #include "platform/linux/files/file_descriptor.h"
 #include "platform/linux/files/file_facts.h"
 #include "platform/linux/files/file_url.h"
+#include "platform/linux/processes/spawn_settings.h"
 #include "platform/linux/shell/portal_dialog.h"
 #include "platform/linux/shell/programs.h"
-#include "platform/linux/shell/spawn_settings.h"
 #include "platform/program_streams.h"
 
 namespace tovera {

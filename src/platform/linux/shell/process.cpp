@@ -11,7 +11,7 @@
 #include "frame/error.h"
 #include "frame/last_error.h"
 #include "platform/linux/files/file_descriptor.h"
-#include "platform/linux/shell/spawn_settings.h"
+#include "platform/linux/processes/spawn_settings.h"
 
 namespace tovera {
 namespace {
@@ -29,19 +29,25 @@ bool readWhole(const FileDescriptor& from, void* target, std::size_t size) {
     return count == static_cast<ssize_t>(size);
 }
 
-/// Keeps the host's signals waiting: none of its handlers may run in a child that shares its memory.
-class NoSignals {
+/// Keeps the host's signals and cancellations waiting: nothing of the host's may run in a child that shares
+/// its memory.
+class Undisturbed {
   public:
-    NoSignals() {
+    Undisturbed() {
+        pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &state_);
         sigset_t all;
         sigfillset(&all);
         pthread_sigmask(SIG_SETMASK, &all, &before_);
     }
-    NoSignals(const NoSignals&) = delete;
-    NoSignals& operator=(const NoSignals&) = delete;
-    ~NoSignals() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+    Undisturbed(const Undisturbed&) = delete;
+    Undisturbed& operator=(const Undisturbed&) = delete;
+    ~Undisturbed() {
+        pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+        pthread_setcancelstate(state_, nullptr);
+    }
 
   private:
+    int state_ = PTHREAD_CANCEL_ENABLE;
     sigset_t before_{};
 };
 
@@ -56,7 +62,7 @@ void leaveTerminal() {
 /// shares this process's memory, as `posix_spawn` does it too: a host of any size costs the same.
 pid_t startFromChild(const char* name, const SpawnSettings& settings, char* const* arguments,
                      char* const* environment, int answer) {
-    const NoSignals quiet;
+    const Undisturbed quiet;
     // NOLINTBEGIN(clang-analyzer-unix.Vfork,clang-analyzer-security.insecureAPI.vfork): nothing of the host's
     // is changed.
     const pid_t child = vfork();
@@ -80,7 +86,7 @@ R8 startProcess(const Command& command) {
     arguments.push_back(nullptr);
     const auto environment = environmentForOthers();
     SpawnSettings settings(POSIX_SPAWN_SETPGROUP);
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) settings.streamOnNothing(stream);
+    settings.allStreamsOnNothing();
     if (!command.folder.empty()) settings.startIn(command.folder.c_str());
     settings.closeOthers();
     std::array<int, 2> ends{};

@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <linux/cdrom.h>
-#include <spawn.h>
 #include <sys/ioctl.h>
 #include <sys/sysmacros.h>
 #include <sys/wait.h>
@@ -13,6 +12,7 @@
 #include "platform/linux/files/file_descriptor.h"
 #include "platform/linux/files/file_facts.h"
 #include "platform/linux/files/mount_list.h"
+#include "platform/linux/processes/spawn_settings.h"
 #include "platform/linux/sound/mci_command.h"
 
 namespace tovera {
@@ -31,16 +31,15 @@ std::vector<std::string> foldersOn(const std::string& drive, const std::string& 
 /// By the system's own program. It may do so for a user where this process may not, and asks the service that
 /// has mounted the disc for the desktop.
 void unmount(std::string folder) {
-    posix_spawn_file_actions_t silence;
-    posix_spawn_file_actions_init(&silence);
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        posix_spawn_file_actions_addopen(&silence, stream, "/dev/null", O_RDWR, 0);
+    SpawnSettings settings;
+    settings.allStreamsOnNothing();
+    settings.closeOthers();
     std::string program = "umount";
     std::string endOfOptions = "--";
     const std::array<char*, 4> words{program.data(), endOfOptions.data(), folder.data(), nullptr};
     pid_t process = 0;
-    const bool runs = posix_spawnp(&process, program.c_str(), &silence, nullptr, words.data(), environ) == 0;
-    posix_spawn_file_actions_destroy(&silence);
+    const bool runs = posix_spawnp(&process, program.c_str(), settings.actions(), settings.attributes(),
+                                   words.data(), environmentForOthers().data()) == 0;
     while (runs && waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
     }
 }
