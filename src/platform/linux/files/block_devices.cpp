@@ -94,7 +94,7 @@ std::string idOn(const std::string&) {
 
 }  // namespace
 
-std::string kernelFile(const std::string& path) {
+std::string wholeText(const std::string& path) {
     constexpr std::size_t roomAtFirst = 8192;
     const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (!file.isOpen()) return {};
@@ -114,7 +114,7 @@ std::string kernelFile(const std::string& path) {
 /// The kernel lists them in one line, and the last to come first: `drive name:		sr1	sr0`.
 std::vector<std::string> opticalDrives(const DeviceFolders& folders) {
     constexpr std::string_view key = "drive name:";
-    const auto facts = kernelFile(folders.opticalDrives);
+    const auto facts = wholeText(folders.opticalDrives);
     const auto line = facts.find(key);
     if (line == facts.npos) return {};
     std::istringstream names(facts.substr(line + key.size(), facts.find('\n', line) - line - key.size()));

@@ -12,8 +12,8 @@ struct DeviceFolders {
     std::string opticalDrives = "/proc/sys/dev/cdrom/info";
 };
 
-/// Reads a file of the kernel's, which comes in pieces and has no size; empty where there is none.
-std::string kernelFile(const std::string& path);
+/// All of a file whose size isn't known beforehand, as the kernel's aren't; empty where there is none.
+std::string wholeText(const std::string& path);
 
 /// The names of the optical drives in the order of their numbers: "sr0", "sr1".
 std::vector<std::string> opticalDrives(const DeviceFolders& folders);

@@ -58,8 +58,8 @@ std::string deviceOf(const DriveSources& sources, const Mount& mount) {
 /// Of a partition, the disk that it is on tells.
 bool isRemovable(const DriveSources& sources, const Mount& mount) {
     const auto device = sources.blockDevices + '/' + deviceOf(sources, mount);
-    return kernelFile(device + "/removable").starts_with('1') ||
-           kernelFile(device + "/../removable").starts_with('1');
+    return wholeText(device + "/removable").starts_with('1') ||
+           wholeText(device + "/../removable").starts_with('1');
 }
 
 I4 typeOf(const DriveSources& sources, const Mount& mount) {
@@ -154,7 +154,7 @@ void giveLetters(GivenLetters& given, std::vector<Volume>& found) {
 /// Where they can't be noted they hold for this once.
 void giveKeptLetters(const std::string& file, std::vector<Volume>& found) {
     if (found.empty()) return;
-    GivenLetters known(kernelFile(file));
+    GivenLetters known(wholeText(file));
     giveLetters(known, found);
     if (!known.hasNew()) return;
     std::error_code ignored;
@@ -182,7 +182,7 @@ std::vector<Drive> otherDrives(const DriveSources& sources) {
         if (facts && S_ISBLK(facts->st_mode))
             drives.push_back({static_cast<char>('A' + number), driveTypes::removable, {}, {}});
     }
-    auto found = volumes(sources, readMountList(kernelFile(sources.mountList)));
+    auto found = volumes(sources, readMountList(wholeText(sources.mountList)));
     giveKeptLetters(sources.letters, found);
     for (auto& volume : found)
         if (volume.drive.letter != 0) drives.push_back(std::move(volume.drive));

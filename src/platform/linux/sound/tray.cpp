@@ -23,7 +23,7 @@ std::vector<std::string> foldersOn(const std::string& drive, const std::string& 
     if (!facts || !S_ISBLK(facts->st_mode)) return {};
     const auto device = std::to_string(major(facts->st_rdev)) + ':' + std::to_string(minor(facts->st_rdev));
     std::vector<std::string> folders;
-    for (auto& mount : readMountList(kernelFile(mountList)))
+    for (auto& mount : readMountList(wholeText(mountList)))
         if (mount.device == device) folders.push_back(std::move(mount.folder));
     return folders;
 }
