@@ -7,6 +7,7 @@
 
 #include "platform/linux/child_process.h"
 #include "platform/linux/own_desktop.h"
+#include "platform/linux/processes/spawn_settings.h"
 #include "platform/linux/shell/command_line.h"
 #include "platform/linux/shell/launchers.h"
 #include "platform/linux/shell/programs.h"
@@ -286,6 +287,13 @@ TEST(LinuxLaunchers, NoTestCanEndTheSystem) {
     }
     for (const auto* const bus : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"})
         EXPECT_TRUE(std::string(std::getenv(bus)).ends_with("/run/no-bus"));
+}
+
+TEST(LinuxLaunch, AHostMayHaveNoEnvironment) {
+    char** const before = std::exchange(environ, nullptr);
+    const auto others = environmentForOthers();
+    environ = before;
+    EXPECT_EQ(others, std::vector<char*>{nullptr});
 }
 
 }  // namespace
