@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "libreoffice/failures.h"
+#include "libreoffice/member_names.h"
 #include "libreoffice/values.h"
 
 namespace tovera::office {
@@ -45,14 +46,12 @@ class FormItem : public OfficeObject {
     sal_Int32 memberNamed(const OUString& name) override {
         const auto property = propertyOf(name);
         if (property.isEmpty()) raise(Number::NoSuchMember);
-        names_.push_back(property);
-        return static_cast<sal_Int32>(names_.size());
+        return names_.idOf(property);
     }
 
     void invoke(sal_Int32 member, unsigned flags, tovera_value* arguments, std::size_t count,
                 tovera_value& result) override {
-        if (member < 1 || static_cast<std::size_t>(member) > names_.size()) raise(Number::NoSuchMember);
-        const auto& property = names_[static_cast<std::size_t>(member - 1)];
+        const auto property = names_.at(member);
         if ((flags & TOVERA_WRITE) != 0 && count == 1) {
             model_->setPropertyValue(property, toOffice(*objects_, arguments[0]));
         } else if (count == 0) {
@@ -89,7 +88,7 @@ class FormItem : public OfficeObject {
     std::shared_ptr<Objects> objects_;
     Reference<XInterface> object_;
     Reference<XPropertySet> model_;
-    std::vector<OUString> names_;  ///< by member identifier, from 1
+    MemberNames names_;
 };
 
 class Control final : public FormItem {

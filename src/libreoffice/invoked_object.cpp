@@ -66,15 +66,12 @@ sal_Int32 InvokedObject::memberNamed(const OUString& name) {
         if (const auto found = names->getExactName(name); !found.isEmpty()) exact = found;
     }
     if (!invocation_->hasMethod(exact) && !invocation_->hasProperty(exact)) raise(Number::NoSuchMember);
-    auto known = std::ranges::find(names_, exact);
-    if (known == names_.end()) known = names_.insert(known, exact);
-    return static_cast<sal_Int32>(known - names_.begin()) + 1;
+    return names_.idOf(exact);
 }
 
 void InvokedObject::invoke(sal_Int32 member, unsigned flags, tovera_value* arguments, std::size_t count,
                            tovera_value& result) {
-    if (member < 1 || static_cast<std::size_t>(member) > names_.size()) raise(Number::NoSuchMember);
-    const auto name = names_[static_cast<std::size_t>(member - 1)];
+    const auto name = names_.at(member);
     if ((flags & (TOVERA_WRITE | TOVERA_ASSIGN)) != 0) {
         if (count != 1) raise(Number::WrongArgumentCount);
         invocation_->setValue(name, toOffice(*objects_, arguments[0]));

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <com/sun/star/script/XInvocation.hpp>
-#include <vector>
 
+#include "libreoffice/member_names.h"
 #include "libreoffice/office_object.h"
 
 namespace tovera::office {
@@ -26,7 +26,7 @@ class InvokedObject final : public OfficeObject {
     std::shared_ptr<Objects> objects_;
     Reference<XInterface> object_;
     Reference<css::script::XInvocation> invocation_;
-    std::vector<OUString> names_;  ///< by member identifier, from 1
+    MemberNames names_;
 };
 
 }  // namespace tovera::office
