@@ -25,8 +25,9 @@ void guarded(Work work) noexcept {
     }
 }
 
+/// What the office can't show is left to the system.
 int32_t messageBox(void* data, const char* text, int32_t flags, const char* title) {
-    int32_t button = 1;
+    int32_t button = -1;
     guarded(
         [&] { button = showMessageBox(bridgeOf(data).context(), fromUtf8(text), flags, fromUtf8(title)); });
     return button;
