@@ -3,6 +3,7 @@
 #include <com/sun/star/awt/MessageBoxButtons.hpp>
 #include <com/sun/star/awt/Toolkit.hpp>
 #include <com/sun/star/awt/XMessageBoxFactory.hpp>
+#include <com/sun/star/awt/XReschedule.hpp>
 #include <com/sun/star/awt/XToolkitExperimental.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <cstdlib>
@@ -62,8 +63,12 @@ sal_Int32 showMessageBox(const Context& context, const OUString& text, sal_Int32
 }
 
 void processEvents(const Context& context) {
-    const Reference<css::awt::XToolkitExperimental> toolkit(toolkitOf(context), UNO_QUERY);
-    if (toolkit.is()) toolkit->processEventsToIdle();
+    const auto toolkit = toolkitOf(context);
+    if (const Reference<css::awt::XReschedule> events(toolkit, UNO_QUERY); events.is()) {
+        events->reschedule();
+    } else if (const Reference<css::awt::XToolkitExperimental> older(toolkit, UNO_QUERY); older.is()) {
+        older->processEventsToIdle();
+    }
 }
 
 }  // namespace tovera::office

@@ -9,7 +9,8 @@ namespace tovera::office {
 sal_Int32 showMessageBox(const Context& context, const OUString& text, sal_Int32 flags,
                          const OUString& title);
 
-/// One pass over the events of the office.
+/// Serves the events that wait in the office, and not those that they post: these are for the next call.
+/// Only a toolkit that can't do so serves events until none is left.
 void processEvents(const Context& context);
 
 }  // namespace tovera::office
