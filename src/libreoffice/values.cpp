@@ -236,8 +236,14 @@ Any toOffice(Objects& objects, const tovera_value& value) {
 
 void put(Objects& objects, const Any& value, tovera_value& target) {
     tovera_clear(&target);
+    if (value.getValueTypeClass() == css::uno::TypeClass_HYPER) {
+        target = wholeOf(held<sal_Int64>(value), 0);
+        return;
+    }
     OUString text;
-    if (value >>= text) {
+    const bool isCharacter = value.getValueTypeClass() == css::uno::TypeClass_CHAR;
+    if (isCharacter) text = OUString(held<sal_Unicode>(value));
+    if (isCharacter || (value >>= text)) {
         tovera_copy_text(&target, charactersOf(text), static_cast<std::size_t>(text.getLength()));
         return;
     }

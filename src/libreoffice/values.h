@@ -36,7 +36,8 @@ class Given {
 /// of the sheets takes as dates.
 Any toOffice(Objects& objects, const tovera_value& value);
 
-/// Gives a value to the component as the result of an object of the office.
+/// Gives a value to the component as the result of an object of the office. Unlike one from Basic, a whole
+/// number of 64 bits is none but itself.
 void put(Objects& objects, const Any& value, tovera_value& target);
 
 }  // namespace tovera::office

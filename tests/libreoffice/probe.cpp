@@ -39,11 +39,6 @@ class Probe final : public cppu::WeakImplHelper1<css::script::XInvocation> {
     Any SAL_CALL invoke(const OUString& name, const Sequence<Any>& arguments, Sequence<sal_Int16>&,
                         Sequence<Any>&) override {
         if (name == "Kind") return Any(kindOf(arguments[0]));
-        if (name == "Fail") {
-            sal_Int32 number = 0;
-            arguments[0] >>= number;
-            fail(number, "raised by the host");
-        }
         return {};
     }
     void SAL_CALL setValue(const OUString& name, const Any&) override { getValue(name); }
@@ -56,6 +51,28 @@ class Probe final : public cppu::WeakImplHelper1<css::script::XInvocation> {
     sal_Bool SAL_CALL hasMethod(const OUString& name) override { return !hasProperty(name); }
     sal_Bool SAL_CALL hasProperty(const OUString& name) override {
         return name.equalsIgnoreAsciiCase("name") || name.equalsIgnoreAsciiCase("hwnd");
+    }
+};
+
+/// A form whose texts are values of types that Basic has not got: a character, and a whole number that no
+/// double holds.
+class TypedForm final : public cppu::WeakImplHelper1<css::script::XInvocation> {
+  public:
+    Reference<css::beans::XIntrospectionAccess> SAL_CALL getIntrospection() override { return {}; }
+
+    Any SAL_CALL invoke(const OUString&, const Sequence<Any>&, Sequence<sal_Int16>&,
+                        Sequence<Any>&) override {
+        return {};
+    }
+    void SAL_CALL setValue(const OUString&, const Any&) override {}
+    Any SAL_CALL getValue(const OUString& name) override {
+        constexpr sal_Unicode letter = u'\u00C9';
+        if (name.equalsIgnoreAsciiCase("name")) return {&letter, cppu::UnoType<cppu::UnoCharType>::get()};
+        return Any(sal_Int64{9007199254740993});
+    }
+    sal_Bool SAL_CALL hasMethod(const OUString&) override { return false; }
+    sal_Bool SAL_CALL hasProperty(const OUString& name) override {
+        return name.equalsIgnoreAsciiCase("name") || name.equalsIgnoreAsciiCase("caption");
     }
 };
 
@@ -104,6 +121,7 @@ extern "C" SAL_DLLPUBLIC_EXPORT void* component_getFactory(const char* implement
     using namespace tovera::office;
     css::uno::Reference<css::lang::XSingleComponentFactory> factory = new Factory<Probe>;
     if (std::string_view(implementation) == "tovera.tests.Session") factory = new Factory<Session>;
+    if (std::string_view(implementation) == "tovera.tests.TypedForm") factory = new Factory<TypedForm>;
     factory->acquire();
     return factory.get();
 }

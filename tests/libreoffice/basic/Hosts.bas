@@ -1,4 +1,5 @@
 Dim pumped As Boolean
+Dim posts As Long, postUntil As Long
 
 ' Objects of the host that fail in the middle of a call, and such that come back.
 Sub HostsRun
@@ -6,6 +7,9 @@ Sub HostsRun
     traduction = CreateUnoService("KADRELDLL.Cls_Traduction")
     probe = CreateUnoService("tovera.tests.Probe")
     Same "a form that raises", traduction.Sauver_LangueFeuille(probe, "C:\probe.lng"), ""
+    traduction.Sauver_LangueFeuille(CreateUnoService("tovera.tests.TypedForm"), "C:\typed.lng")
+    Same "a character, and a whole number of 64 bits", _
+        CreateUnoService("KADRELDLL.Cls_InitREG").IniLire("É", "É.Caption", "absent", "C:\typed.lng"), "9007199254740993"
     Same "a form that has no parts", traduction.Charger_LangueFeuille(StarDesktop, "C:\probe.lng"), "Fichier inexistant."
 
     internet = CreateUnoService("KADRELDLL.Cls_Internet")
@@ -25,7 +29,7 @@ Sub HostsRun
         "REPLACEITEMVALUE(SendTo) SEND() "
 
     windows = CreateUnoService("KADRELDLL.Cls_Windows")
-    Has "the number of an error inside the host's object", Failing(windows, "hwnd", probe), "380 "
+    Begins "the number of an error inside the host's object", Failing(windows, "hwnd", probe), "380 "
     Has "an error inside the host's object", Failing(windows, "hwnd", probe), "raised by the host"
 
     EnableReschedule(False) ' Basic itself would serve it between two statements
@@ -35,7 +39,26 @@ Sub HostsRun
     Same "an event that waits", pumped, False
     windows.Wait(1)
     Same "served while a member waits", pumped, True
+
+    posts = 0
+    postUntil = GetSystemTicks() + 5000
+    PostAgain
+    windows.Wait(1)
+    Same "a wait ends although events post events", GetSystemTicks() < postUntil, True
+    Same "which are served meanwhile", posts > 1, True
+    postUntil = 0
+    windows.Wait(1)
     EnableReschedule(True)
+End Sub
+
+Sub PostAgain
+    CreateUnoService("com.sun.star.awt.AsyncCallback").addCallback( _
+        CreateUnoListener("Posting_", "com.sun.star.awt.XCallback"), Empty)
+End Sub
+
+Sub Posting_notify(data)
+    posts = posts + 1
+    If GetSystemTicks() < postUntil Then PostAgain
 End Sub
 
 Sub Pumped_notify(data)

@@ -25,6 +25,13 @@ Sub Has(what As String, actual As String, part As String)
     Tell what & ": no """ & part & """ in: " & actual
 End Sub
 
+Sub Begins(what As String, actual As String, part As String)
+    checked = checked + 1
+    If Left(actual, Len(part)) = part Then Exit Sub
+    faults = faults + 1
+    Tell what & ": no """ & part & """ in front of: " & actual
+End Sub
+
 Sub Main
     On Error Goto Failed
     ValuesRun
