@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <memory>
 #include <mutex>
 
 #include "frame/utf8.h"
@@ -80,7 +81,8 @@ int32_t tovera_failure_set(tovera_failure* failure, int32_t number, const char* 
 
 const char* tovera_description_of(int32_t number) {
     static std::mutex mutex;
-    static std::map<int32_t, std::string> made;
+    // Stays for threads that still call while the process ends.
+    static auto& made = *std::make_unique<std::map<int32_t, std::string>>().release();
     try {
         const auto description = descriptionOf(number);
         if (description.empty()) return nullptr;

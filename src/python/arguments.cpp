@@ -71,10 +71,10 @@ void Arguments::setNamed(const Passed& passed) {
 std::size_t Arguments::placeOf(PyObject* name) const {
     for (std::size_t i = 0; i < member_.parameter_count; ++i)
         if (PyUnicode_CompareWithASCIIString(name, member_.parameters[i].name) == 0) return i;
-    const auto lower = checked(PyObject_CallMethod(name, "lower", nullptr));
+    const auto lower = lowered(name);
     for (std::size_t i = 0; i < member_.parameter_count; ++i) {
         const auto parameter = checked(PyUnicode_FromString(member_.parameters[i].name));
-        const auto lowerParameter = checked(PyObject_CallMethod(parameter.get(), "lower", nullptr));
+        const auto lowerParameter = lowered(parameter.get());
         if (PyUnicode_Compare(lower.get(), lowerParameter.get()) == 0) return i;
     }
     raise(number::noSuchNamedArgument, ("Argument nommé introuvable : " + utf8Of(name)).c_str());

@@ -34,10 +34,6 @@ Names& names() {
     return made;
 }
 
-Ref lowered(PyObject* text) {
-    return checked(PyObject_CallMethod(text, "lower", nullptr));
-}
-
 /// Whether the class of the object has the attribute, or the object a variable of the name.
 bool hasPlainly(PyObject* object, PyObject* name) {
     if (Ref(PyObject_GetAttr(reinterpret_cast<PyObject*>(Py_TYPE(object)), name))) return true;

@@ -64,6 +64,8 @@ std::int32_t Call::keepRaised(tovera_failure* failure, bool mustComeOut) noexcep
             call.mark_ = mark;
         }
         return tovera_failure_set(failure, told.number, told.description.c_str(), sourceOf(mark).c_str());
+    } catch (abi::__forced_unwind&) {
+        waitForTheEnd();
     } catch (...) {
         PyErr_Clear();
         return tovera_failure_set(failure, number::outOfMemory, nullptr, nullptr);

@@ -14,7 +14,7 @@ constexpr std::array<std::string_view, 3> calculating{"Cls_Date", "Cls_Conversio
 
 void addName(ComponentClass& made, const char* written) {
     const auto name = checked(PyUnicode_InternFromString(written));
-    const auto lower = checked(PyObject_CallMethod(name.get(), "lower", nullptr));
+    const auto lower = lowered(name.get());
     if (PySet_Add(made.names.get(), name.get()) != 0) throw Raised();
     if (PyDict_SetItem(made.namesByLower.get(), lower.get(), name.get()) != 0) throw Raised();
 }

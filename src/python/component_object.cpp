@@ -87,8 +87,10 @@ Ref newOf(PyTypeObject* type, bool hasArguments) {
 
 /// The member with this name in another case of its letters; null where there is none. Borrowed.
 PyObject* memberLike(const ComponentObject& object, PyObject* name) {
-    if (PySet_Contains(object.ownClass->names.get(), name) != 0) return nullptr;
-    const auto lower = checked(PyObject_CallMethod(name, "lower", nullptr));
+    const int isWrittenSo = PySet_Contains(object.ownClass->names.get(), name);
+    if (isWrittenSo < 0) throw Raised();
+    if (isWrittenSo > 0) return nullptr;
+    const auto lower = lowered(name);
     auto* const found = PyDict_GetItemWithError(object.ownClass->namesByLower.get(), lower.get());
     if (!found && PyErr_Occurred()) throw Raised();
     return found;
@@ -135,7 +137,7 @@ void endObject(PyObject* self) noexcept {
     auto* const type = Py_TYPE(self);
     if (PyType_GetFlags(type) & Py_TPFLAGS_HAVE_GC) PyObject_GC_UnTrack(self);
     auto& object = objectOf(self);
-    if (object.weakReferences) PyObject_ClearWeakRefs(self);
+    if (object.weakReferences) orWaitForTheEnd([&] { PyObject_ClearWeakRefs(self); });
     object.held = nullptr;
     tovera_release(std::exchange(object.handle, nullptr));
     reinterpret_cast<freefunc>(PyType_GetSlot(type, Py_tp_free))(self);
@@ -157,9 +159,9 @@ int clearObject(PyObject* self) noexcept {
 }
 
 PyObject* attributeOfObject(PyObject* self, PyObject* name) noexcept {
-    auto* const found = PyObject_GenericGetAttr(self, name);
-    if (found || !PyErr_ExceptionMatches(PyExc_AttributeError)) return found;
     return forPython([&]() -> Ref {
+        if (auto* const found = PyObject_GenericGetAttr(self, name)) return Ref(found);
+        if (!PyErr_ExceptionMatches(PyExc_AttributeError)) throw Raised();
         auto first = takeRaised();
         if (isOneOf(first.get(), known().memberError)) {
             putRaised(std::move(first));

@@ -1,6 +1,7 @@
 #include "python/errors.h"
 
 #include <array>
+#include <limits>
 
 #include "python/known.h"
 
@@ -30,8 +31,12 @@ std::int32_t numberOf(PyObject* exception) {
     if (isOneOf(exception, known().error)) {
         const Ref number(PyObject_GetAttrString(exception, "number"));
         const auto value = number ? PyLong_AsLong(number.get()) : 0;
-        if (value != 0 && !PyErr_Occurred()) return static_cast<std::int32_t>(value);
+        const bool isOne = !PyErr_Occurred() && value != 0;
         PyErr_Clear();
+        // 0 would be success. Many are written without sign, as 0x80004005.
+        if (isOne && value >= std::numeric_limits<std::int32_t>::min() &&
+            value <= std::numeric_limits<std::uint32_t>::max())
+            return static_cast<std::int32_t>(value);
     }
     for (const auto& row : numbersOfExceptions)
         if (PyErr_GivenExceptionMatches(exception, *row.type)) return row.number;

@@ -49,7 +49,7 @@ Written writtenIn(std::string_view text) {
     Written written;
     written.isNegative = text.starts_with('-');
     if (written.isNegative) text.remove_prefix(1);
-    if (const auto exponent = text.find('E'); exponent != text.npos) {
+    if (const auto exponent = text.find_first_of("Ee"); exponent != text.npos) {
         written.decimals = -std::stol(std::string(text.substr(exponent + 1)));
         text = text.substr(0, exponent);
     }
@@ -83,9 +83,8 @@ std::optional<tovera_value> exactOfText(std::string_view text) {
     return exactOf(whole, static_cast<int>(decimals), written.isNegative);
 }
 
-tovera_value exactOfWritten(PyObject* number) {
-    const auto text = utf8Of(checked(PyObject_Str(number)).get());
-    const auto value = exactOfText(text);
+tovera_value exactOfWritten(PyObject* text) {
+    const auto value = exactOfText(utf8Of(text));
     if (!value) raise(number::overflow);
     return *value;
 }
@@ -93,14 +92,16 @@ tovera_value exactOfWritten(PyObject* number) {
 }  // namespace
 
 tovera_value exactWhole(PyObject* whole) {
-    // The decimal text of a huge number would take long to make.
-    const auto bits = checked(PyObject_CallMethod(whole, "bit_length", nullptr));
-    if (PyLong_AsLong(bits.get()) > 96) raise(number::overflow);
-    return exactOfWritten(whole);
+    // The decimal text of a huge number would take long to make. Derived classes may write themselves
+    // otherwise.
+    auto* const plain = reinterpret_cast<PyObject*>(&PyLong_Type);
+    const auto bits = checked(PyObject_CallMethod(plain, "bit_length", "O", whole));
+    if (wholeOf(bits.get()) > 96) raise(number::overflow);
+    return exactOfWritten(checked(PyNumber_ToBase(whole, 10)).get());
 }
 
 tovera_value exactDecimal(PyObject* decimal) {
-    return exactOfWritten(decimal);
+    return exactOfWritten(checked(PyObject_CallMethod(known().decimal.get(), "__str__", "O", decimal)).get());
 }
 
 Ref exactNumberOf(const tovera_value& value) {

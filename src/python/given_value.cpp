@@ -65,8 +65,7 @@ tovera_value arrayValue(PyObject* sequence) {
     long lower = 1;
     if (isOneOf(sequence, known().array)) {
         const auto bound = checked(PyObject_GetAttr(sequence, known().lower.get()));
-        lower = PyLong_AsLong(bound.get());
-        if (lower == -1 && PyErr_Occurred()) throw Raised();
+        lower = wholeOf(bound.get());
     }
     constexpr auto last = std::numeric_limits<std::int32_t>::max();
     if (length > last || lower > last - length || lower < std::numeric_limits<std::int32_t>::min())
@@ -112,6 +111,8 @@ tovera_value rareValue(PyObject* value, unsigned declared, Keeper& keeper) {
     if (PyBytes_Check(value) || PyByteArray_Check(value)) raise(number::typeMismatch);
     if (isOneOf(value, known().byRef)) {
         keeper.push_back(checked(PyObject_GetAttr(value, known().value.get())));
+        // Variables of variables might have no end.
+        if (isOneOf(keeper.back().get(), known().byRef)) raise(number::typeMismatch);
         return givenValue(keeper.back().get(), declared, keeper);
     }
     if (declared == TOVERA_OBJECT) return objectValue(value);
@@ -171,7 +172,9 @@ tovera_value asTyped(const tovera_value& value, long type) {
             return tovera_of_bool(numberOf(value) != 0);
         default:
             // Texts, arrays and objects are what they are, or have no value yet.
-            if (value.type != TOVERA_EMPTY) raise(number::typeMismatch);
+            if (value.type != TOVERA_EMPTY ||
+                !(type == TOVERA_TEXT || type == TOVERA_ARRAY || type == TOVERA_OBJECT))
+                raise(number::typeMismatch);
             if (type == TOVERA_ARRAY) typed = emptyArray();
             return typed;
     }
@@ -189,7 +192,7 @@ tovera_value givenValue(PyObject* value, unsigned declared, Keeper& keeper) {
 }
 
 tovera_value givenVariable(PyObject* byRef, unsigned declared, bool& isTyped, Keeper& keeper) {
-    const auto type = PyLong_AsLong(checked(PyObject_GetAttr(byRef, known().type.get())).get());
+    const auto type = wholeOf(checked(PyObject_GetAttr(byRef, known().type.get())).get());
     keeper.push_back(checked(PyObject_GetAttr(byRef, known().value.get())));
     isTyped = type != TOVERA_VARIANT;
     // A variable without a value is empty, so that it comes back as one.

@@ -42,14 +42,58 @@ std::int32_t forComponent(tovera_failure* failure, Body body) noexcept {
     }
 }
 
-void drop(void* data) {
+/// The objects that a thread is letting go of, each while the one that held it goes.
+struct Dropping {
+    int depth = 0;
+    std::vector<Ref> later;
+};
+[[gnu::tls_model("initial-exec")]] thread_local constinit Dropping* dropping = nullptr;
+
+/// Those that end within each other's end; longer chains would take all of the stack.
+constexpr int deepestDrop = 50;
+
+void dropWithin(Dropping& all, Ref object) {
+    ++all.depth;
+    object.reset();
+    --all.depth;
+}
+
+void keepForLater(Dropping& all, Ref object) {
+    try {
+        all.later.push_back(std::move(object));
+    } catch (const std::bad_alloc&) {
+        // It ends here then.
+    }
+}
+
+/// What ends too deep within others ends after the outermost of them.
+void dropHeld(Ref object) {
+    if (dropping) {
+        if (dropping->depth < deepestDrop)
+            dropWithin(*dropping, std::move(object));
+        else
+            keepForLater(*dropping, std::move(object));
+        return;
+    }
+    Dropping all;
+    dropping = &all;
+    dropWithin(all, std::move(object));
+    while (!all.later.empty()) {
+        auto next = std::move(all.later.back());
+        all.later.pop_back();
+        dropWithin(all, std::move(next));
+    }
+    dropping = nullptr;
+}
+
+void drop(void* data) noexcept {
     const Locked locked;
     // What the object's end does must not disturb an exception on its way.
     PyObject* type = nullptr;
     PyObject* value = nullptr;
     PyObject* traceback = nullptr;
     PyErr_Fetch(&type, &value, &traceback);
-    Py_DecRef(objectOf(data));
+    dropHeld(Ref(objectOf(data)));
     PyErr_Restore(type, value, traceback);
 }
 

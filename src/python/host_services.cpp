@@ -15,33 +15,39 @@ constexpr std::int32_t notShown = -1;
 
 std::int32_t messageBox(void*, const char* text, std::int32_t flags, const char* title) {
     const Locked locked;
-    const Ref function(known().messageBox ? another(known().messageBox.get()) : Ref());
-    if (!function) return notShown;
-    if (!Ref(PyObject_CallFunction(function.get(), "ssi", text, title, flags)))
-        Call::keepRaised(nullptr, true);
-    return okButton;
+    return orWaitForTheEnd([&] {
+        const Ref function(known().messageBox ? another(known().messageBox.get()) : Ref());
+        if (!function) return notShown;
+        if (!Ref(PyObject_CallFunction(function.get(), "ssi", text, title, flags)))
+            Call::keepRaised(nullptr, true);
+        return okButton;
+    });
 }
 
 /// Ctrl-C ends a wait. What the pump of the user raises does, too.
 std::int32_t pump(void*) {
     const Locked locked;
-    const Ref function(known().pump ? another(known().pump.get()) : Ref());
-    if (PyErr_CheckSignals() == 0 && (!function || Ref(PyObject_CallNoArgs(function.get())))) return 0;
-    Call::keepRaised(nullptr, true);
-    return number::interrupted;
+    return orWaitForTheEnd([] {
+        const Ref function(known().pump ? another(known().pump.get()) : Ref());
+        if (PyErr_CheckSignals() == 0 && (!function || Ref(PyObject_CallNoArgs(function.get())))) return 0;
+        Call::keepRaised(nullptr, true);
+        return number::interrupted;
+    });
 }
 
 tovera_object* createObject(void*, const char* progId) {
     const Locked locked;
-    const Ref function(known().createObject ? another(known().createObject.get()) : Ref());
-    if (!function) return nullptr;
-    try {
-        const auto made = checked(PyObject_CallFunction(function.get(), "s", progId));
-        return made.get() == Py_None ? nullptr : hostObject(made.get());
-    } catch (const Raised&) {
-        Call::keepRaised(nullptr, true);
-        return nullptr;
-    }
+    return orWaitForTheEnd([&]() -> tovera_object* {
+        const Ref function(known().createObject ? another(known().createObject.get()) : Ref());
+        if (!function) return nullptr;
+        try {
+            const auto made = checked(PyObject_CallFunction(function.get(), "s", progId));
+            return made.get() == Py_None ? nullptr : hostObject(made.get());
+        } catch (const Raised&) {
+            Call::keepRaised(nullptr, true);
+            return nullptr;
+        }
+    });
 }
 
 }  // namespace

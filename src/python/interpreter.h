@@ -11,8 +11,24 @@
 // that it was built with and every later one.
 namespace tovera::python {
 
+/// Python ends other threads with the interpreter, wherever they ask for its lock. What C++ calls can't be
+/// left that way: the thread stops until the process is gone.
+[[noreturn]] void waitForTheEnd();
+
+/// Runs what may run Python, for callers that must not be left in the midst.
+template <class Body>
+auto orWaitForTheEnd(Body body) -> decltype(body()) {
+    try {
+        return body();
+    } catch (abi::__forced_unwind&) {
+        waitForTheEnd();
+    }
+}
+
 struct LetGo {
-    void operator()(PyObject* object) const noexcept { Py_DecRef(object); }
+    void operator()(PyObject* object) const noexcept {
+        orWaitForTheEnd([&] { Py_DecRef(object); });
+    }
 };
 /// A reference of its own, or null.
 using Ref = std::unique_ptr<PyObject, LetGo>;
@@ -31,9 +47,17 @@ inline Ref another(PyObject* object) {
     return Ref(object);
 }
 
-/// Python ends other threads with the interpreter, wherever they ask for its lock. What C++ calls can't be
-/// left that way: the thread stops until the process is gone.
-[[noreturn]] void waitForTheEnd();
+/// A whole number of Python's.
+inline long wholeOf(PyObject* number) {
+    const long whole = PyLong_AsLong(number);
+    if (whole == -1 && PyErr_Occurred()) throw Raised();
+    return whole;
+}
+
+/// The text in small letters, whatever its class says of that.
+inline Ref lowered(PyObject* text) {
+    return checked(PyObject_CallMethod(reinterpret_cast<PyObject*>(&PyUnicode_Type), "lower", "O", text));
+}
 
 /// Runs the body of a function that Python calls.
 template <class Body>

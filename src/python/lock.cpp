@@ -14,11 +14,7 @@ namespace {
 /// process doesn't survive. It stops here until the process is gone.
 void takeBack() {
     if (!Py_IsInitialized()) waitForTheEnd();
-    try {
-        PyEval_RestoreThread(std::exchange(letGo, nullptr));
-    } catch (abi::__forced_unwind&) {
-        waitForTheEnd();
-    }
+    orWaitForTheEnd([] { PyEval_RestoreThread(std::exchange(letGo, nullptr)); });
 }
 
 }  // namespace

@@ -32,8 +32,14 @@ struct Day {
     int day;
 };
 
+/// Classes of the user's may say anything.
+long within(long number, long least, long most) {
+    if (number < least || number > most) raise(number::overflow);
+    return number;
+}
+
 long partOf(PyObject* moment, const char* name) {
-    return PyLong_AsLong(checked(PyObject_GetAttrString(moment, name)).get());
+    return within(wholeOf(checked(PyObject_GetAttrString(moment, name)).get()), 0, microsecondsPerSecond - 1);
 }
 
 double fractionOf(PyObject* moment) {
@@ -50,7 +56,7 @@ double fractionOf(PyObject* moment) {
 double daysOf(PyObject* moment) {
     if (isOneOf(moment, known().time)) return fractionOf(moment);
     const auto ordinal = checked(PyObject_CallMethod(moment, "toordinal", nullptr));
-    const auto day = static_cast<double>(PyLong_AsLong(ordinal.get()) - firstDay);
+    const auto day = static_cast<double>(within(wholeOf(ordinal.get()), 1, lastDay) - firstDay);
     if (!isOneOf(moment, known().datetime)) return day;
     // Before the day 0 the fraction counts away from it, but still forward in time.
     const auto fraction = fractionOf(moment);

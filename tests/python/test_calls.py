@@ -101,6 +101,21 @@ class Calls(unittest.TestCase):
         self.assertFalse(hasattr(self.date, "Noel"))
         self.assertIsNone(getattr(self.date, "Noel", None))
 
+    def test_names_that_are_odd_texts(self):
+        class NoHash(str):
+            def __hash__(self):
+                raise ValueError("hash")
+
+        class NoLower(str):
+            def lower(self):
+                return 5
+
+        for act in (lambda: setattr(self.date, NoHash("noel"), 1), lambda: getattr(self.date, NoHash("noel"))):
+            with self.assertRaises(ValueError):
+                act()
+        self.assertEqual(getattr(self.date, NoLower("CHRONO"))(10, 25), 15)
+        self.assertEqual(self.date.Chrono(10, **{NoLower("arriveeSEC"): 25}), 15)
+
     def test_a_method_of_another_class_is_refused(self):
         with self.assertRaises(TypeError):
             tovera.Cls_Date.Paques(tovera.Cls_Math(), 2027)

@@ -230,6 +230,52 @@ class Sessions(unittest.TestCase):
             gc.collect()
             self.assertIsNone(seen())
 
+    def test_what_changes_while_it_is_set_is_not_collected(self):
+        """The session that goes sets another one; so does the maker of a session that is to be kept."""
+
+        class Going(Session):
+            def __del__(self):
+                internet.NSession = Kept()
+
+        class Kept(Session):
+            pass
+
+        def create(prog_id):
+            self.internet.NSession = Kept()
+            return Session()
+
+        def look(expected):
+            for _ in range(2):
+                gc.collect()
+            self.assertIs(type(internet.NSession), expected)
+            internet.NSession.GetDatabase("", "")
+
+        internet = self.internet
+        internet.NSession = Going()
+        internet.NSession = None
+        look(Kept)
+        before = tovera.set_create_object(create)
+        self.addCleanup(tovera.set_create_object, before)
+        internet.NSession = None
+        self.send()
+        look(Session)
+
+    def test_a_long_chain_ends(self):
+        class Last:
+            pass
+
+        last = Last()
+        seen = weakref.ref(last)
+        self.internet.NSession = last
+        del last
+        for _ in range(100_000):
+            before, self.internet = self.internet, tovera.Cls_Internet()
+            self.internet.NSession = before
+        del before
+        self.assertIsNotNone(seen())
+        del self.internet
+        self.assertIsNone(seen())
+
     def test_what_is_used_is_not_collected(self):
         session = Session()
         self.internet.NSession = session
@@ -268,6 +314,13 @@ class Exceptions(unittest.TestCase):
         with self.assertRaises(Error) as raised:
             tovera.Cls_Windows().ParcourirDossier(object(), "Choisir")
         self.assertEqual(raised.exception.number, 438)
+
+    def test_numbers_that_no_failure_has(self):
+        for number in (0, 2**32, -(2**32), 2**32 + 5, 2**100, None, "x"):
+            failure = Error(number, "Erreur", "Feuille")
+            with self.assertRaises(Error) as raised:
+                tovera.Cls_Windows().ParcourirDossier(self.Window(failure), "Choisir")
+            self.assertIs(raised.exception, failure)
 
     def test_a_failure_with_a_cause_of_its_own(self):
         """A value that can't be had is a type that doesn't fit; the reason is told as its context."""

@@ -17,6 +17,36 @@ class Year(enum.IntEnum):
     LAST = 2026
 
 
+class Large(int, enum.Enum):
+    ONE = 2**40
+
+
+class OddWhole(int):
+    def __str__(self):
+        return "1E99999999999999999999999"
+
+    def bit_length(self):
+        return "x"
+
+
+class OddDate(datetime.date):
+    def toordinal(self):
+        return "x"
+
+
+class FarDate(datetime.date):
+    def toordinal(self):
+        return -(2**63)
+
+
+class OddTime(datetime.datetime):
+    hour = "x"
+
+
+class LongTime(datetime.datetime):
+    hour = 2**62
+
+
 class Values(unittest.TestCase):
     def test_numbers_of_all_kinds(self):
         words = tovera.Cls_Conversion().ConvertirNombreEnLettre
@@ -24,6 +54,27 @@ class Values(unittest.TestCase):
             self.assertEqual(words(number, False), "soixante et onze")
         self.assertEqual(words(Decimal("12.34"), False), words(12.34, False))
         self.assertEqual(tovera.Cls_Date().Paques(Year.LAST), tovera.Cls_Date().Paques(2026))
+        for number in (Large.ONE, OddWhole(2**40), Decimal(2**40)):
+            self.assertEqual(words(number, False), words(2**40, False))
+        with decimal.localcontext(capitals=0):
+            self.assertEqual(words(Decimal("7.1e1"), False), words(71, False))
+            self.assertEqual(words(Decimal("7e20"), False), words(7 * 10**20, False))
+
+    def test_what_derived_classes_say_wrong(self):
+        """It comes out as it is raised, or as a failure, and nothing is left behind."""
+        date, variable = tovera.Cls_Date(), ByRef(1)
+        variable._type = "x"
+        for expected, call in (
+            (TypeError, lambda: date.NBJoursOuvrables(OddDate(2027, 1, 1), 5)),
+            (Error, lambda: date.NBJoursOuvrables(FarDate(2027, 1, 1), 5)),
+            (TypeError, lambda: date.HeureEnSeconde(OddTime(2027, 1, 1))),
+            (Error, lambda: date.HeureEnSeconde(LongTime(2027, 1, 1))),
+            (TypeError, lambda: tovera.Cls_Math().MesurePrincipale(variable)),
+        ):
+            with self.assertRaises(expected) as raised:
+                call()
+            self.assertIs(type(raised.exception), expected)
+            self.assertEqual(date.Chrono(1, 2), 1)
 
     def test_a_variable_that_nobody_changes_comes_back_as_it_was(self):
         """By way of a member that takes any value by reference and leaves it alone."""
@@ -122,6 +173,16 @@ class Values(unittest.TestCase):
         both = ByRef("caf‚")
         tovera.Cls_Conversion().ConvertirOemAnsi(both, both)
         self.assertEqual(both.value, "café")
+
+    def test_a_variable_of_variables_is_none(self):
+        endless = ByRef()
+        endless.value = endless
+        for variable in (endless, ByRef(ByRef(ByRef(10)))):
+            for call in (lambda: tovera.Cls_Math().MesurePrincipale(variable),
+                         lambda: tovera.Cls_Date().Chrono(variable, 20)):
+                with self.assertRaises(Error) as raised:
+                    call()
+                self.assertEqual(raised.exception.number, 13)
 
     def test_a_variable_of_a_failed_call_has_its_value(self):
         angle = ByRef("bientôt")

@@ -1,6 +1,7 @@
 #include "platform/linux/shell/file_watch.h"
 
 #include <array>
+#include <memory>
 #include <mutex>
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -38,7 +39,8 @@ class KeptEvents {
 };
 
 KeptEvents& keptEvents() {
-    static KeptEvents kept;
+    // Stays for what is watched when the process ends.
+    static auto& kept = *std::make_unique<KeptEvents>().release();
     return kept;
 }
 

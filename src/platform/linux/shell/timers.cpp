@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <map>
+#include <memory>
 #include <mutex>
 
 #include "frame/last_error.h"
@@ -80,7 +81,8 @@ class LinuxTimers : public Timers {
 }  // namespace
 
 Timers& homeTimers() {
-    static LinuxTimers port;
+    // Stays for threads that still wait while the process ends.
+    static auto& port = *std::make_unique<LinuxTimers>().release();
     return port;
 }
 
