@@ -46,7 +46,8 @@ void Call::endBadly(std::int32_t number, const Failure& failure) {
     throw Raised();
 }
 
-std::int32_t Call::keepRaised(tovera_failure* failure, bool mustComeOut) noexcept {
+[[gnu::no_sanitize("null")]] std::int32_t Call::keepRaised(tovera_failure* failure,
+                                                           bool mustComeOut) noexcept {
     try {
         auto exception = takeRaised();
         const auto told = toldOf(exception.get());
