@@ -46,8 +46,7 @@ void Call::endBadly(std::int32_t number, const Failure& failure) {
     throw Raised();
 }
 
-[[gnu::no_sanitize("null")]] std::int32_t Call::keepRaised(tovera_failure* failure,
-                                                           bool mustComeOut) noexcept {
+std::int32_t Call::keepRaised(tovera_failure* failure, bool mustComeOut) noexcept {
     try {
         auto exception = takeRaised();
         const auto told = toldOf(exception.get());

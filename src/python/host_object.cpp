@@ -29,7 +29,7 @@ PyObject* objectOf(void* data) {
 /// Runs the body with the interpreter's lock. An exception of Python is kept by the call and told as a
 /// failure.
 template <class Body>
-[[gnu::no_sanitize("null")]] std::int32_t forComponent(tovera_failure* failure, Body body) noexcept {
+std::int32_t forComponent(tovera_failure* failure, Body body) noexcept {
     const Locked locked;
     try {
         return body();

@@ -15,10 +15,9 @@ namespace tovera::python {
 /// left that way: the thread stops until the process is gone.
 [[noreturn]] void waitForTheEnd();
 
-/// Runs what may run Python, for callers that must not be left in the midst. The end of a thread is caught as
-/// a reference to nothing, here and below, which the sanitizer may not mind.
+/// Runs what may run Python, for callers that must not be left in the midst.
 template <class Body>
-[[gnu::no_sanitize("null")]] auto orWaitForTheEnd(Body body) -> decltype(body()) {
+auto orWaitForTheEnd(Body body) -> decltype(body()) {
     try {
         return body();
     } catch (abi::__forced_unwind&) {
@@ -62,7 +61,7 @@ inline Ref lowered(PyObject* text) {
 
 /// Runs the body of a function that Python calls.
 template <class Body>
-[[gnu::no_sanitize("null")]] PyObject* forPython(Body body) noexcept {
+PyObject* forPython(Body body) noexcept {
     try {
         return body().release();
     } catch (const Raised&) {
