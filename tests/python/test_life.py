@@ -154,7 +154,7 @@ class Leaks(unittest.TestCase):
         gc.collect()
         grown = tracemalloc.get_traced_memory()[0] - before
         tracemalloc.stop()
-        self.assertLess(grown, 20_000)
+        self.assertLess(grown, 32_000)  # an object has at least 16 bytes
         size = self.resident()
         for _ in range(times):
             act()
