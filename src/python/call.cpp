@@ -48,11 +48,11 @@ void Call::endBadly(std::int32_t number, const Failure& failure) {
 
 std::int32_t Call::keepRaised(tovera_failure* failure, bool mustComeOut) noexcept {
     try {
-        auto exception = takeRaised();
-        const auto told = toldOf(exception.get());
+        auto exception = orWaitForTheEnd(takeRaised);
+        const auto told = orWaitForTheEnd([&] { return toldOf(exception.get()); });
         if (!innermost) {
             putRaised(std::move(exception));
-            PyErr_WriteUnraisable(nullptr);
+            orWaitForTheEnd([] { PyErr_WriteUnraisable(nullptr); });
             return tovera_failure_set(failure, told.number, told.description.c_str(), nullptr);
         }
         static unsigned count = 0;
@@ -64,8 +64,6 @@ std::int32_t Call::keepRaised(tovera_failure* failure, bool mustComeOut) noexcep
             call.mark_ = mark;
         }
         return tovera_failure_set(failure, told.number, told.description.c_str(), sourceOf(mark).c_str());
-    } catch (abi::__forced_unwind&) {
-        waitForTheEnd();
     } catch (...) {
         PyErr_Clear();
         return tovera_failure_set(failure, number::outOfMemory, nullptr, nullptr);

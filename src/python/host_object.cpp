@@ -32,11 +32,9 @@ template <class Body>
 std::int32_t forComponent(tovera_failure* failure, Body body) noexcept {
     const Locked locked;
     try {
-        return body();
+        return orWaitForTheEnd(body);
     } catch (const Raised&) {
         return Call::keepRaised(failure);
-    } catch (abi::__forced_unwind&) {
-        waitForTheEnd();
     } catch (...) {
         return tovera_failure_set(failure, number::outOfMemory, nullptr, nullptr);
     }

@@ -63,11 +63,9 @@ inline Ref lowered(PyObject* text) {
 template <class Body>
 PyObject* forPython(Body body) noexcept {
     try {
-        return body().release();
+        return orWaitForTheEnd(body).release();
     } catch (const Raised&) {
         // Python has been told.
-    } catch (abi::__forced_unwind&) {
-        waitForTheEnd();
     } catch (...) {
         PyErr_NoMemory();
     }

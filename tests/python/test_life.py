@@ -228,6 +228,7 @@ class Ends(unittest.TestCase):
             (0, "fini\n", ""),
         )
 
+    @unittest.skipIf(SANITIZED, "the sanitizer stumbles over frames that the end of a thread has left")
     def test_threads_that_call_are_left(self):
         """Wherever they ask for the lock: waiting, called for a value, asked for a number, letting go of objects."""
         works = {
