@@ -23,10 +23,6 @@ target_link_libraries(tovera_python PRIVATE tovera_c tovera_options)
 set_target_properties(tovera_python PROPERTIES
     OUTPUT_NAME _tovera PREFIX "" SUFFIX .abi3.so CXX_VISIBILITY_PRESET hidden
     LIBRARY_OUTPUT_DIRECTORY ${python_package})
-if(TOVERA_SANITIZE)
-    # The end of a thread is caught as a reference to nothing.
-    set_source_files_properties(${python_module} PROPERTIES COMPILE_OPTIONS -fno-sanitize=null)
-endif()
 if(TOVERA_WHEEL)
     set_target_properties(tovera_python PROPERTIES INSTALL_RPATH $ORIGIN)
 endif()
