@@ -26,7 +26,10 @@
 namespace tovera {
 
 Platform& home() {
+    // A port is looked for from the first one on: those of the shortest operations stand there.
     static Platform platform = Platform(homeServices())
+                                   .with(homeRegistry())
+                                   .with(homeProfiles())
                                    .with(homeAdapters())
                                    .with(homeCryptoProvider())
                                    .with(homeDownload())
@@ -37,8 +40,6 @@ Platform& home() {
                                    .with(homeOdbc32())
                                    .with(homeOemText())
                                    .with(homeOpening())
-                                   .with(homeProfiles())
-                                   .with(homeRegistry())
                                    .with(homeScreenWindows())
                                    .with(homeSequentialOutput())
                                    .with(homeSetupKit())

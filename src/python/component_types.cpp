@@ -115,8 +115,8 @@ Ref makeType(const ComponentClass& made, Parts& parts) {
     }
     slots.push_back({0, nullptr});
     const auto* const name = parts.kept(std::string("tovera.") + row.name);
-    PyType_Spec spec{name, sizeof(ComponentObject), 0, flags, slots.data()};
-    return checked(PyType_FromSpec(&spec));
+    PyType_Spec described{name, sizeof(ComponentObject), 0, flags, slots.data()};
+    return checked(PyType_FromSpec(&described));
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include "frame/ascii_case.h"
 #include "frame/utf8.h"
 #include "platform/linux/files/paths.h"
 #include "platform/linux/files/whole_file.h"
@@ -116,6 +117,9 @@ I4 setEntry(const EntryWrite& entry) {
 }  // namespace
 
 std::string_view dataSourceIn(std::string_view path) {
+    // Each read asks this, and most keys below Software have another letter in this place.
+    const auto second = path.find_first_not_of('\\', std::string_view("Software").size());
+    if (second == std::string_view::npos || smallAscii(path[second]) != 'o') return {};
     for (const std::string_view name : {"Software", "ODBC", "ODBC.INI"}) {
         if (!sameFolded(path.substr(0, path.find('\\')), name)) return {};
         path.remove_prefix(std::min(path.find_first_not_of('\\', name.size()), path.size()));
