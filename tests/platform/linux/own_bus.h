@@ -3,7 +3,10 @@
 #if __has_include(<gio/gdesktopappinfo.h>)
 
 #include <functional>
+#include <sys/socket.h>
+#include <sys/un.h>
 
+#include "platform/linux/files/file_descriptor.h"
 #include "platform/linux/own_desktop.h"
 #include "platform/linux/own_display.h"
 #include "platform/linux/shell/message_bus.h"
@@ -24,13 +27,22 @@ class OwnBus {
                "eavesdrop=\"true\"/><allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>\n";
         program_.emplace(
             std::vector<std::string>{daemon_, "--nofork", "--config-file=" + (desktop / "bus.conf")});
-        comesTrue([&] { return std::filesystem::exists(desktop / "run/bus"); });
+        comesTrue([&] { return listens(desktop / "run/bus"); });
         desktop.variables.set(variable, address);
     }
     void end() { program_.reset(); }
     bool isThere() const { return gio().gio.isPresent() && !daemon_.empty(); }
 
   private:
+    /// Its file is there a moment before it listens.
+    static bool listens(const std::string& path) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        path.copy(address.sun_path, sizeof address.sun_path - 1);
+        const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+        return connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    }
+
     std::string daemon_;
     std::optional<RunningProgram> program_;
 };
